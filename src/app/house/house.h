@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "data/mdb.h"
+#include "documents/letter.h"
+#include "form/desk.h"
+
+namespace zelvo {
+
+/// Everything between the store and the faces, put together: it makes every screen known by its name, and holds what record
+/// screens share, the parcel registry and the letters. Must outlive the screens of its desk.
+class House {
+ public:
+  explicit House(Desk& desk);
+  House(const House&) = delete;
+  House& operator=(const House&) = delete;
+
+ private:
+  void learnRecordScreens(Screens& screens);
+
+  mdb parcels_;
+  LetterPrinter letters_;
+};
+
+}  // namespace zelvo

@@ -1,0 +1,60 @@
+#include "form/desk.h"
+
+#include "base/files.h"
+#include "base/text.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr std::string_view kTitle = "Zelvo";
+
+bool refuseWithoutBrowser(Desk& desk) {
+  const Session& session = desk.session;
+  if (!session.defaultBrowserFound || !FileExists(trim(session.defaultBrowser))) {
+    desk.messages.tell(kTitle,
+                       session.defaultBrowserFound
+                           ? "The browser selected cannot be found on your computer. Please contact your administrator."
+                           : "Your default browser does not exists. Please contact your administrator.",
+                       Icon::Critical);
+    desk.end("no browser");
+    return true;
+  }
+  return false;
+}
+
+std::string quoted(std::string_view text) {
+  return "\"" + std::string(text) + "\"";
+}
+
+// The system's picture viewer is no program that can be started; the paint program beside it is.
+std::string programToStart(std::string program) {
+  if (upper(right(program, 11)) == "SHIMGVW.DLL")
+    return joinPath(folderOf(program), "mspaint.exe");
+  return program;
+}
+
+std::string commandFor(Desk& desk, std::string_view target) {
+  if (upper(left(target, 4)) == "HTTP")
+    return quoted(trim(desk.session.defaultBrowser)) + " " + std::string(target);
+  const std::string ending = upper(right(target, 3));
+  if (ending == "EXE" || ending == "BAT" || ending == "COM")
+    return std::string(target);
+  return quoted(programToStart(desk.desktop.programFor(target).value_or(""))) + " " + quoted(target);
+}
+
+}  // namespace
+
+void Desk::end(std::string_view why) {
+  if (!session.ended)
+    session.ended = std::string(why);
+}
+
+void OpenDocument(Desk& desk, std::string_view target) {
+  if (refuseWithoutBrowser(desk))
+    return;
+  if (const auto started = desk.desktop.start(commandFor(desk, target)); !started)
+    desk.messages.tell(kTitle, started.error().message, Icon::Critical);
+}
+
+}  // namespace zelvo

@@ -1,0 +1,183 @@
+#include "records/permits/a_permits.h"
+
+#include "base/files.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "records/permits/permit_kind.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr int kExpirationBox = 13;
+constexpr int kSecondDateBox = 8;
+
+std::vector<std::string> pickList(const Session& session, std::string_view file) {
+  std::vector<std::string> entries;
+  for (const std::string& line : readLines(joinPath(session.dataFolder, file)).valueOr({}))
+    if (!trim(line).empty())
+      entries.emplace_back(trim(line));
+  return entries;
+}
+
+std::string shownDate(const Value& value) {
+  const auto moment = value.moment();
+  return moment ? datePicture(moment->date, "mm/dd/yyyy") : "";
+}
+
+}  // namespace
+
+APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
+    : RecordScreen(itsDesk, parcels, kPermits), letters_(letters) {
+  SSTab1.pages = {"Permit", "List"};
+  Text1(42).manyLines = true;
+  for (int pick : {32, 33, 39})
+    Text1(pick).visible = false;
+  for (const RequiredBox& needed : kPermitRequired)
+    Text1(needed.box).required = true;
+  for (int part : {2, 3, 4})
+    Text1(part).required = true;
+  Text4.maxLength = 14;
+  Text5.maxLength = 15;
+  Text1(kExpirationBox).tip = "Select Expiration Date from the calendar, or click pre-set button";
+  labexpexpired.warning = true;
+  loadPickLists();
+  onClick(iPrint, [this] { iPrint_Click(); });
+  onLeave(Text1(kExpirationBox), [this] { checkExpiration(); });
+}
+
+void APermits::loadPickLists() {
+  Combo1.items = pickList(desk.session, "\\pu.txt");
+  Combo2.items = pickList(desk.session, "\\pt.txt");
+}
+
+// ---- numbers
+
+std::string APermits::proposedKey() const {
+  return datePicture(desk.clock.now(), "yy") + "-" + numbering().next();
+}
+
+// The year that stands on the screen is kept: a permit begun in the old year stays one of the old year.
+std::string APermits::bumpedKey(std::string_view key) {
+  numbering().bump();
+  return std::string(left(key, 2)) + "-" + numbering().next();
+}
+
+void APermits::BumpPermit() {
+  Text1(1).text = bumpedKey(boxText(*this, 1));
+}
+
+std::string APermits::duplicateText() const {
+  return "The permit number entered already exists.\nYou cannot add another permit with the same number.";
+}
+
+// ---- the columns that no box shows
+
+void APermits::clearControls() {
+  DTPicker1.date = desk.clock.now().date;
+  for (TextBox* box : {&Text2, &Text4, &Text5})
+    box->text.clear();
+  for (Combo* combo : {&Combo1, &Combo2, &Combo3})
+    combo->text.clear();
+  for (CheckBox* box : {&Check1, &Check2, &Check3})
+    box->checked = false;
+  for (int date : {kExpirationBox, kSecondDateBox})
+    Text1(date).text.clear();
+  labexpexpired.caption.clear();
+}
+
+void APermits::showCodedColumns() {
+  const Recordset& row = records();
+  if (const auto filed = row.get("VD3").moment())
+    DTPicker1.date = filed->date;
+  else
+    DTPicker1.date.reset();
+  Text1(kExpirationBox).text = shownDate(row.get("VD4"));
+  Text1(kSecondDateBox).text = shownDate(row.get("VD5"));
+  Text2.text = row.text("RFEE");
+  Text4.text = row.text("MATL");
+  Check1.checked = row.text("MM2") == "1";
+  Check3.checked = row.text("VIOLOPEN") == "C";
+  const std::string link = row.text("LINK02");
+  Check2.checked = left(link, 1) == "|";
+  Text5.text = link.empty() ? "" : std::string(trimRight(link.substr(1)));
+  showPicksFromBoxes();
+  showExpired();
+}
+
+void APermits::showPicksFromBoxes() {
+  Combo1.text = Text1(32).text;
+  Combo2.text = Text1(33).text;
+  Combo3.text = Text1(39).text;
+}
+
+void APermits::copyPicksIntoBoxes() {
+  Text1(32).text = Combo1.text;
+  Text1(33).text = Combo2.text;
+  Text1(39).text = Combo3.text;
+}
+
+void APermits::storeCodedColumns() {
+  Recordset& row = records();
+  const std::string number = boxText(*this, 1);
+  row.set("BLDGPERMYY", left(number, 2));
+  row.set("BLDGPRM", length(number) > 3 ? right(number, length(number) - 3) : "");
+  const Date filed = permitDate();
+  row.set("FILEMONTH", datePicture(filed, "mm"));
+  row.set("FILEDATE", datePicture(filed, "dd"));
+  row.set("FILEYEAR", datePicture(filed, "yy"));
+  row.set("VD3", filed);
+  row.set("VD4", dateOrToday(kExpirationBox));
+  row.set("VD5", dateOrToday(kSecondDateBox));
+  row.set("RFEE", Val(Text2.text));
+  row.set("MM2", Check1.checked ? "1" : "");
+  row.set("MATL", left(trim(Text4.text), 14));
+  row.set("LINK02", std::string(Check2.checked ? "|" : " ") + std::string(left(trim(Text5.text), 15)));
+  row.set("VIOLOPEN", Check3.checked ? "C" : "O");
+}
+
+// ---- dates
+
+Date APermits::permitDate() const {
+  return DTPicker1.date.value_or(desk.clock.now().date);
+}
+
+DateTime APermits::dateOrToday(int box) const {
+  return {parseDate(boxText(*this, box)).value_or(desk.clock.now().date), 0};
+}
+
+bool APermits::refuseDate(TextBox& box, std::string_view text) {
+  desk.messages.tell(" Date Error", text, Icon::Critical);
+  SSTab1.current = 0;
+  setFocus(box, true);
+  return false;
+}
+
+bool APermits::validateOwn() {
+  for (int box : {kExpirationBox, kSecondDateBox}) {
+    const std::string typed = boxText(*this, box);
+    if (!typed.empty() && !parseDate(typed))
+      return refuseDate(Text1(box), "\"" + typed + "\" is no date.\nPlease write dates as mm/dd/yyyy.");
+  }
+  const auto expires = parseDate(boxText(*this, kExpirationBox));
+  if (expires && *expires < permitDate())
+    return refuseDate(Text1(kExpirationBox), "Expiration date cannot be prior to Permit Date.");
+  return true;
+}
+
+void APermits::checkExpiration() {
+  if (mode() != Mode::Browse && validateOwn())
+    showExpired();
+}
+
+void APermits::showExpired() {
+  const auto expires = parseDate(boxText(*this, kExpirationBox));
+  const bool expired = expires && *expires < desk.clock.now().date && !Check3.checked;
+  labexpexpired.caption = expired ? "Expired" : "";
+}
+
+bool APermits::PermitExists(std::string_view wanted) {
+  return keyInUse(wanted);
+}
+
+}  // namespace zelvo

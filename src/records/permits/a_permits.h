@@ -1,0 +1,66 @@
+#pragma once
+
+#include "documents/letter.h"
+#include "records/record_screen.h"
+
+namespace zelvo {
+
+/// Building permits: who owns the parcel, who designs and builds, where, what is built and for what use, dates, fees, open or closed.
+class APermits : public RecordScreen {
+ public:
+  APermits(Desk& desk, mdb& parcels, LetterPrinter& letters);
+
+  bool PermitExists(std::string_view key);
+  void BumpPermit();
+  void iPrint_Click();
+  /// Prints one of the documents of a permit, by its name on the print menu. An error says what stood in the way.
+  Result<void> doprint(std::string_view document);
+
+ private:
+  void clearControls() override;
+  void showCodedColumns() override;
+  void storeCodedColumns() override;
+  void copyPicksIntoBoxes() override;
+  std::string proposedKey() const override;
+  std::string bumpedKey(std::string_view key) override;
+  std::string duplicateTitle() const override { return " Duplicate Permit Number"; }
+  std::string duplicateText() const override;
+  bool validateOwn() override;
+  std::string parcelOwner() const override { return boxText(*this, 18); }
+  std::string parcelLocation() const override { return boxText(*this, 34); }
+
+  void loadPickLists();
+  bool refuseDate(TextBox& box, std::string_view text);
+  void checkExpiration();
+  void showExpired();
+  void showPicksFromBoxes();
+  Date permitDate() const;
+  DateTime dateOrToday(int box) const;
+
+  LetterPrinter& letters_;
+
+  // In the order of the Tab key, behind the permit number.
+  ControlGroup<TextBox> number_{Text1, {1}};
+  DatePicker DTPicker1{*this, "DTPicker1"};
+  ControlGroup<TextBox> dates_{Text1, {13, 8}};
+  Label labexpexpired{*this, "labexpexpired"};
+  CheckBox Check3{*this, "Check3", "Close&d"};
+  ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6, 62, 63, 34, 9, 7}};
+  ControlGroup<TextBox> owner_{Text1, {18, 17, 19, 23, 14}};
+  ControlGroup<TextBox> builder_{Text1, {26, 28, 27, 25, 16}};
+  ControlGroup<TextBox> architect_{Text1, {20, 22, 21, 24, 15}};
+  Combo Combo2{*this, "Combo2"};
+  Combo Combo1{*this, "Combo1"};
+  Combo Combo3{*this, "Combo3"};
+  TextBox Text4{*this, "Text4"};
+  ControlGroup<TextBox> building_{Text1, {40, 41, 35, 36, 37, 38}};
+  ControlGroup<TextBox> fees_{Text1, {12, 11, 10}};
+  TextBox Text2{*this, "Text2"};
+  CheckBox Check1{*this, "Check1", "P&lans on file"};
+  CheckBox Check2{*this, "Check2", "&Follow up"};
+  TextBox Text5{*this, "Text5"};
+  ControlGroup<TextBox> notes_{Text1, {42}};
+  ControlGroup<TextBox> picks_{Text1, {32, 33, 39}};  // stand for the combos
+};
+
+}  // namespace zelvo

@@ -1,0 +1,20 @@
+#include "records/record_rows.h"
+
+#include "base/text.h"
+
+namespace zelvo {
+
+RecordRows::RecordRows(std::shared_ptr<Recordset> records, std::span<const ListField> fields)
+    : records_(std::move(records)) {
+  for (const ListField& field : fields)
+    columns_.push_back(records_->table().position(field.column));
+}
+
+std::string RecordRows::cell(std::size_t row, std::size_t column) const {
+  if (row >= count() || column >= columns_.size())
+    return "";
+  const std::string text = records_->cell(row, columns_[column]).text();
+  return trim(text).empty() ? "--" : text;
+}
+
+}  // namespace zelvo

@@ -1,0 +1,305 @@
+#include "records/record_screen.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "records/record_rows.h"
+
+namespace zelvo {
+
+RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
+    : Screen(itsDesk, kind.screen, kind.caption),
+      SSTab1(*this, "SSTab1", {}),
+      kind_(kind),
+      parcels_(parcels),
+      numbering_(itsDesk.session, kind.numbering) {
+  lblVoided.warning = Label28.warning = true;
+  lblVoided.visible = Label28.visible = false;
+  bindButtons();
+}
+
+void RecordScreen::bindButtons() {
+  onClick(INew, [this] { INew_Click(); });
+  onClick(IAdd, [this] { IAdd_Click(); });
+  onClick(IEdit, [this] { IEdit_Click(); });
+  onClick(ISave, [this] { ISave_Click(); });
+  onClick(ICancel, [this] { ICancel_Click(); });
+  onClick(IMoveFirst, [this] { IMoveFirst_Click(); });
+  onClick(IMovePrev, [this] { IMovePrev_Click(); });
+  onClick(IMoveNext, [this] { IMoveNext_Click(); });
+  onClick(IMoveLast, [this] { IMoveLast_Click(); });
+  onClick(delr, [this] { delr_Click(); });
+  onClick(recinfod, [this] { recinfod_Click(); });
+  onClick(Quit, [this] { Quit_Click(); });
+  onChoose(ListView1, [this] { ListView1_Click(); });
+  onOpenRow(ListView1, [this] { SSTab1.current = 0; });
+  IMoveFirst.tip = "First record";
+  IMovePrev.tip = "Previous record";
+  IMoveNext.tip = "Next record";
+  IMoveLast.tip = "Last record";
+}
+
+// ---- opening
+
+void RecordScreen::Form_Activate(bool first) {
+  if (first && !openRecords())
+    return closeMe();
+  if (!desk.session.hop.empty() && mode_ == Mode::Browse)
+    followHop();
+}
+
+bool RecordScreen::openRecords() {
+  CurrentQuery& slot = desk.session.queryFor(kind_.slot);
+  const Table& table = *findTable(kind_.table);
+  if (slot.connection.empty())
+    slot.connection = connectionText(joinPath(desk.session.dataFolder, table.file));
+  if (slot.query.empty())
+    slot.query = "Select * from " + std::string(table.name) + " order by " + std::string(table.browseOrder);
+  defaultQuery_ = slot.query;
+  showStatus("Reading database..");
+  auto connection = Connection::open(slot.connection);
+  auto records = connection ? Recordset::open(*connection, slot.query) : Result<std::unique_ptr<Recordset>>(connection.error());
+  showStatus("");
+  if (!records) {
+    desk.messages.tell(" " + caption, records.error().message, Icon::Critical);
+    return false;
+  }
+  connection_ = *connection;
+  datPrimaryRS_ = std::move(*records);
+  limitBoxes(datPrimaryRS_->table(), *this);
+  numbering_.open(*datPrimaryRS_);
+  fillList();
+  enter(Mode::Browse);
+  return true;
+}
+
+void RecordScreen::fillList() {
+  ListView1.columns.clear();
+  for (const ListField& field : kind_.list)
+    ListView1.columns.push_back({std::string(field.caption), field.width, false});
+  ListView1.rows = std::make_shared<RecordRows>(datPrimaryRS_, kind_.list);
+  ListView1.rowsChanged();
+}
+
+void RecordScreen::followHop() {
+  const std::string wanted = std::exchange(desk.session.hop, "");
+  showHopped(wanted);
+  refreshRecord();
+}
+
+void RecordScreen::showHopped(std::string_view wanted) {
+  const std::string criterion =
+      "[" + std::string(records().table().key) + "] = '" + replaceAll(wanted, "'", "''") + "'";
+  records().MoveFirst();
+  const auto found = records().Find(criterion);
+  if (found && *found)
+    return;
+  std::string noun(kind_.noun);
+  noun.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(noun.front())));
+  desk.messages.tell(" Record(s) not Found",
+                     noun + " " + std::string(wanted) + " to hop, is not found.\nEntire recordset will be displayed.",
+                     Icon::Exclamation);
+  desk.session.queryFor(kind_.slot).query = defaultQuery_;
+  records().MoveFirst();
+}
+
+// ---- browsing
+
+bool RecordScreen::dbisempty() const {
+  return records().RecordCount() == 0;
+}
+
+bool RecordScreen::isVoided() const {
+  return !dbisempty() && records().text("STATUS") == "V";
+}
+
+std::string RecordScreen::key() const {
+  return dbisempty() ? "" : records().text(records().table().key);
+}
+
+void RecordScreen::getdata() {
+  clearControls();
+  shown_ = recordToScreen(records(), *this);
+  showCodedColumns();
+}
+
+// Shows the record that is current now, with all that the office wants to see beside it.
+void RecordScreen::refreshRecord() {
+  Recordset& rows = records();
+  ListView1.selected.reset();
+  lblVoided.visible = Label28.visible = false;
+  if (dbisempty()) {
+    lblStatus.caption = "empty database";
+    clearControls();
+    for (TextBox& box : Text1)
+      box.text.clear();
+    return enableButtons();
+  }
+  if (rows.Eof())
+    rows.MoveLast();
+  if (rows.Bof())
+    rows.MoveFirst();
+  getdata();
+  lblStatus.caption =
+      "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
+  ListView1.selected = rows.AbsolutePosition() - 1;
+  lblVoided.visible = isVoided();
+  delr.caption = isVoided() ? "Un&void" : "&Void";
+  showParcelWarnings();
+  enableButtons();
+}
+
+void RecordScreen::showParcelWarnings() {
+  TextBox& parcelBox = Text1(3);
+  parcelBox.tip.clear();
+  const auto known = parcels_.SBLExists(TrimSBL(currentSBL(records(), parcels_.parts)));
+  if (!known || !*known)
+    return;
+  if (parcels_.SBLHasNotes())
+    parcelBox.tip = " This property had note-it notes ";
+  if (parcels_.SBLHasFailed())
+    parcelBox.tip = " This property had a failed inspection ";
+  if (parcels_.SBLHasViol())
+    parcelBox.tip = " This property had a Violation ";
+  Label28.visible = parcels_.SBLHasViol();
+}
+
+void RecordScreen::IMoveFirst_Click() {
+  records().MoveFirst();
+  refreshRecord();
+}
+
+void RecordScreen::IMovePrev_Click() {
+  records().MovePrevious();
+  refreshRecord();
+}
+
+void RecordScreen::IMoveNext_Click() {
+  records().MoveNext();
+  refreshRecord();
+}
+
+void RecordScreen::IMoveLast_Click() {
+  records().MoveLast();
+  refreshRecord();
+}
+
+void RecordScreen::ListView1_Click() {
+  if (ListView1.selected && records().goToPosition(*ListView1.selected + 1))
+    refreshRecord();
+}
+
+// ---- modes
+
+void RecordScreen::enter(Mode mode) {
+  mode_ = mode;
+  lockRecord(mode == Mode::Browse);
+  if (mode == Mode::Browse)
+    refreshRecord();
+  else
+    enableButtons();
+}
+
+void RecordScreen::lockRecord(bool locked) {
+  for (Control* control : controls())
+    if (control->kind() == ControlKind::TextBox || control->kind() == ControlKind::Combo ||
+        control->kind() == ControlKind::DatePicker || control->kind() == ControlKind::CheckBox)
+      control->locked = locked;
+  if (mode_ == Mode::Edit)
+    Text1(1).locked = true;  // the number is the record's name: fees, inspections and attachments know it by that
+}
+
+void RecordScreen::enableButtons() {
+  const bool browsing = mode_ == Mode::Browse;
+  const bool onRecord = browsing && !dbisempty();
+  INew.enabled = browsing;
+  IAdd.enabled = mode_ == Mode::New;
+  ISave.enabled = mode_ == Mode::Edit;
+  ICancel.enabled = !browsing;
+  for (Button* button : {&IEdit, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr, &recinfod, &iPrint})
+    button->enabled = onRecord;
+  ListView1.enabled = browsing;
+}
+
+void RecordScreen::INew_Click() {
+  returnTo_ = records().bookmark();
+  numbering_.catchUp();
+  clearControls();
+  for (TextBox& box : Text1)
+    box.text.clear();
+  shown_.clear();
+  while (keyInUse(proposedKey()))
+    numbering_.bump();
+  proposed_ = proposedKey();
+  Text1(1).text = proposed_;
+  lblStatus.caption = "New " + std::string(kind_.noun);
+  lblVoided.visible = Label28.visible = false;
+  SSTab1.current = 0;
+  enter(Mode::New);
+  setFocus(Text1(1), true);
+}
+
+void RecordScreen::IEdit_Click() {
+  returnTo_ = records().bookmark();
+  SSTab1.current = 0;
+  enter(Mode::Edit);
+  setFocus(Text1(2));
+}
+
+void RecordScreen::ICancel_Click() {
+  records().CancelUpdate();
+  if (const auto read = records().Refresh(); !read)
+    throw StoreError(read.error());
+  records().goTo(returnTo_);
+  ListView1.rowsChanged();
+  enter(Mode::Browse);
+}
+
+// ---- void, who and when
+
+void RecordScreen::delr_Click() {
+  const bool voided = isVoided();
+  const bool goAhead =
+      voided ? desk.messages.confirm(" Record Void",
+                                     "This record is already voided. Do you want to reset it?\nClicking 'Yes' will "
+                                     "restore/unvoid it",
+                                     Icon::Exclamation)
+             : desk.messages.confirm(" Void a Record",
+                                     "Are you sure you want to void this record?\nClicking 'Yes' will void the record.",
+                                     Icon::Exclamation);
+  if (!goAhead)
+    return;
+  records().set("STATUS", voided ? "" : "V");
+  if (const auto stored = records().Update(); !stored) {
+    records().CancelUpdate();
+    tellStoreFailed(stored.error());
+  }
+  refreshRecord();
+}
+
+void RecordScreen::recinfod_Click() {
+  std::string text = records().text("BYUSER");
+  if (const auto when = records().get("TSTAMP").moment())
+    text += "\n" + datePicture(*when, "dddd, mmmm dd, yyyy") + "\nRecorded time: " + datePicture(*when, "hh:mm AM/PM");
+  desk.messages.tell(" Record Information", text);
+}
+
+// ---- leaving
+
+bool RecordScreen::mayLeaveUnsaved() {
+  return mode_ == Mode::Browse ||
+         desk.messages.confirm(" " + caption,
+                               "This " + std::string(kind_.noun) +
+                                   " has not been stored yet.\nDo you want to leave it and lose what you typed?",
+                               Icon::Exclamation, Answer::No);
+}
+
+void RecordScreen::Quit_Click() {
+  if (mayLeaveUnsaved())
+    closeMe();
+}
+
+void RecordScreen::Form_Close() {
+  Quit_Click();
+}
+
+}  // namespace zelvo

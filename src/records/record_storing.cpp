@@ -1,0 +1,184 @@
+// The storing half of the record pattern: what is checked before a record is stored, and the order in which record, parcel and
+// number are written.
+
+#include "base/text.h"
+#include "records/record_screen.h"
+
+namespace zelvo {
+
+// ---- checking
+
+bool RecordScreen::validate(bool adding) {
+  copyPicksIntoBoxes();
+  newParcel_.clear();
+  return requireFilled() && validateOwn() && (!adding || refuseDuplicate()) && askAboutParcel();
+}
+
+bool RecordScreen::requireFilled() {
+  std::string missing;
+  TextBox* first = nullptr;
+  const auto note = [&](std::string_view label, int box) {
+    missing += std::string(label) + "\n";
+    if (!first)
+      first = &Text1(box);
+  };
+  for (const RequiredBox& required : kind_.required)
+    if (boxText(*this, required.box).empty())
+      note(required.label, required.box);
+  for (int part : {2, 3, 4})
+    if (boxText(*this, part).empty()) {
+      note("--S-B-L", part);
+      break;
+    }
+  if (missing.empty())
+    return true;
+  desk.messages.tell(" Missing Information",
+                     "Missing: " + missing + "\nPlease ensure required\nfields are filled in correctly.",
+                     Icon::Critical);
+  setFocus(*first);
+  return false;
+}
+
+// A number that the clerk took as it was proposed moves on when another computer was quicker; one that the clerk
+// typed is the clerk's own, and refused when it is taken.
+bool RecordScreen::renumbering() const {
+  return boxText(*this, 1) == proposed_;
+}
+
+bool RecordScreen::keyInUse(std::string_view wanted) {
+  const Table& table = records().table();
+  const auto inUse = connection_->exists(
+      table.name, "[" + std::string(table.key) + "] = '" + replaceAll(wanted, "'", "''") + "'");
+  if (!inUse)
+    throw StoreError(inUse.error());
+  return *inUse;
+}
+
+bool RecordScreen::refuseDuplicate() {
+  while (keyInUse(boxText(*this, 1))) {
+    if (!renumbering()) {
+      desk.messages.tell(duplicateTitle(), duplicateText(), Icon::Critical);
+      setFocus(Text1(1), true);
+      return false;
+    }
+    proposed_ = bumpedKey(boxText(*this, 1));
+    Text1(1).text = proposed_;
+  }
+  return true;
+}
+
+bool RecordScreen::askAboutParcel() {
+  const std::string parcel = TrimSBL(MakeSBL(*this));
+  const auto known = parcels_.SBLExists(parcel);
+  if (!known)
+    throw StoreError(known.error());
+  if (*known)
+    return !parcels_.SBLHasViol() ||
+           desk.messages.confirm(" Property had a Violation",
+                                 "This property has an open violation:\n" + parcels_.currentNote +
+                                     "\n\nDo you want to store the " + std::string(kind_.noun) + " all the same?",
+                                 Icon::Exclamation, Answer::No);
+  if (!desk.messages.confirm(" SBL not found",
+                             "The Section, Block and Lot info cannot be found.\nIf this is a new S-B-L, click 'Yes' "
+                             "to add this as a new record.",
+                             Icon::Question)) {
+    setFocus(Text1(2));
+    return false;
+  }
+  newParcel_ = parcel;
+  return true;
+}
+
+// ---- storing
+
+void RecordScreen::movefieldsintodb() {
+  copyPicksIntoBoxes();
+  records().set(records().table().key, boxText(*this, 1));
+  screenToRecord(*this, records(), shown_);
+  storeCodedColumns();
+  stampRecord();
+}
+
+void RecordScreen::stampRecord() {
+  records().set("BYUSER", left(desk.session.userId, 18));
+  records().set("TSTAMP", desk.clock.now());
+}
+
+// The store is held for writing from the first line to the last: a computer that adds at the same moment waits its
+// turn and then finds the number taken. The parcel goes in before the record is acknowledged, the number last.
+Result<void> RecordScreen::store() {
+  auto transaction = connection_->begin();
+  if (!transaction)
+    return transaction.error();
+  if (mode_ == Mode::New)
+    records().AddNew();
+  movefieldsintodb();
+  if (auto stored = records().Update(); !stored)
+    return stored;
+  if (auto stored = storeParcel(); !stored)
+    return stored;
+  if (mode_ == Mode::New) {
+    const auto numbered = numbering_.storeNext();
+    numberTrouble_ = numbered ? "" : numbered.error().message;
+  }
+  return transaction->commit();
+}
+
+Result<void> RecordScreen::storeParcel() {
+  if (newParcel_.empty())
+    return {};
+  return parcels_.SBLAdd(newParcel_, boxText(*this, 1), parcelOwner(), "", parcelLocation());
+}
+
+void RecordScreen::IAdd_Click() {
+  while (validate(true)) {
+    const auto stored = store();
+    if (stored)
+      return afterStoring();
+    records().CancelUpdate();
+    (void)records().Refresh().ok();
+    // Another computer may take the number between the check and the store: then the check tells, or moves on.
+    if (stored.error().trouble != Trouble::Duplicate)
+      return tellStoreFailed(stored.error());
+  }
+}
+
+void RecordScreen::ISave_Click() {
+  numberTrouble_.clear();
+  if (!validate(false))
+    return;
+  const auto stored = store();
+  if (stored)
+    return afterStoring();
+  if (stored.error().trouble == Trouble::Conflict)
+    return tellConflict();
+  tellStoreFailed(stored.error());
+}
+
+void RecordScreen::afterStoring() {
+  ListView1.rowsChanged();
+  enter(Mode::Browse);
+  if (!numberTrouble_.empty())
+    desk.messages.tell(" " + caption,
+                       "The " + std::string(kind_.noun) + " " + key() +
+                           " is stored, but the next number could not be noted:\n" + numberTrouble_,
+                       Icon::Exclamation);
+}
+
+void RecordScreen::tellStoreFailed(const Error& error) {
+  desk.messages.tell(" " + caption,
+                     "The " + std::string(kind_.noun) + " could not be stored:\n" + error.message +
+                         "\n\nWhat you typed is still on the screen.",
+                     Icon::Critical);
+}
+
+void RecordScreen::tellConflict() {
+  records().CancelUpdate();
+  desk.messages.tell(" " + caption,
+                     "Someone else changed this " + std::string(kind_.noun) +
+                         " while you worked on it. Nothing was overwritten, and what you typed is still on the "
+                         "screen.\nPress Cancel to see the other changes.",
+                     Icon::Exclamation);
+}
+
+}  // namespace zelvo
