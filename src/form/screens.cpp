@@ -23,7 +23,8 @@ Screen* Screens::open(std::string_view name) {
   if (factory == factories_.end())
     return nullptr;
   auto made = factory->second(*desk_);
-  return &place(*made, std::move(made), false);
+  Screen& screen = *made;
+  return &place(screen, std::move(made), false);
 }
 
 bool Screens::showModal(std::string_view name) {

@@ -123,8 +123,9 @@ TEST_F(PermitOffice, NextNumberComesFromTheLastRecordTheFileOrTheSeed) {
     SCOPED_TRACE(row.proposed);
     (void)deleteFile(path("phi.txt")).ok();
     (void)deleteFile(path("pnb.txt")).ok();
-    if (row.file)
+    if (row.file) {
       ASSERT_TRUE(writeLines(path("phi.txt"), {row.file}).ok());
+    }
     at.session.seeds.permit = row.seed;
     APermits& permits = open();
     at.click(permits, "INew");

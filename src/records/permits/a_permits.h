@@ -40,12 +40,15 @@ class APermits : public RecordScreen {
   LetterPrinter& letters_;
 
   // In the order of the Tab key, behind the permit number.
-  ControlGroup<TextBox> number_{Text1, {1}};
+  ControlGroup<TextBox> number_{Text1, {1, 7}};
   DatePicker DTPicker1{*this, "DTPicker1"};
-  ControlGroup<TextBox> dates_{Text1, {13, 8}};
+  ControlGroup<TextBox> dates_{Text1, {8, 13}};
   Label labexpexpired{*this, "labexpexpired"};
   CheckBox Check3{*this, "Check3", "Close&d"};
-  ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6, 62, 63, 34, 9, 7}};
+  CheckBox Check1{*this, "Check1", "P&lans on file"};
+  ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6, 9, 62, 63, 34}};
+  ControlGroup<TextBox> fees_{Text1, {12, 11, 10}};
+  TextBox Text2{*this, "Text2"};
   ControlGroup<TextBox> owner_{Text1, {18, 17, 19, 23, 14}};
   ControlGroup<TextBox> builder_{Text1, {26, 28, 27, 25, 16}};
   ControlGroup<TextBox> architect_{Text1, {20, 22, 21, 24, 15}};
@@ -54,9 +57,6 @@ class APermits : public RecordScreen {
   Combo Combo3{*this, "Combo3"};
   TextBox Text4{*this, "Text4"};
   ControlGroup<TextBox> building_{Text1, {40, 41, 35, 36, 37, 38}};
-  ControlGroup<TextBox> fees_{Text1, {12, 11, 10}};
-  TextBox Text2{*this, "Text2"};
-  CheckBox Check1{*this, "Check1", "P&lans on file"};
   CheckBox Check2{*this, "Check2", "&Follow up"};
   TextBox Text5{*this, "Text5"};
   ControlGroup<TextBox> notes_{Text1, {42}};

@@ -1,0 +1,157 @@
+#include "app/road/driver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTabWidget>
+#include <QtTest>
+#include <cstdio>
+#include <utility>
+
+namespace zelvo {
+
+namespace {
+
+constexpr int kTick = 40;          // milliseconds between two looks at the windows
+constexpr int kPatience = 60'000;  // milliseconds that a step may wait for its window
+
+QMessageBox* messageBox(const QString& title) {
+  auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  return box && box->windowTitle().trimmed() == title.trimmed() ? box : nullptr;
+}
+
+}  // namespace
+
+Driver::Driver(QtHouse& windows, QString pictureFolder) : windows_(windows), folder_(std::move(pictureFolder)) {
+  connect(&timer_, &QTimer::timeout, this, &Driver::tick);
+}
+
+void Driver::add(QString waitsFor, std::function<bool()> ready, Deed deed) {
+  steps_.push_back({std::move(waitsFor), std::move(ready), std::move(deed)});
+}
+
+void Driver::inScreen(const std::string& screen, Deed deed) {
+  const auto ready = [this, screen] {
+    const Screen* front = windows_.desk.screens.front();
+    front_ = front && front->name() == screen ? windows_.face.windowOf(*front) : nullptr;
+    const QWidget* modal = QApplication::activeModalWidget();
+    return front_ && front_->isVisible() && (!modal || modal == front_);
+  };
+  add("the screen " + QString::fromStdString(screen), ready, std::move(deed));
+}
+
+void Driver::answer(const QString& title, const QString& button) {
+  add("the message \"" + title + "\"", [title] { return messageBox(title) != nullptr; },
+      [this, title, button] {
+        QMessageBox* box = messageBox(title);
+        save(*box, "message");
+        for (QAbstractButton* choice : box->buttons())
+          if (choice->text().remove('&') == button)
+            return QTest::mouseClick(choice, Qt::LeftButton);
+        fail("the message \"" + title + "\" has no button " + button);
+      });
+}
+
+void Driver::chooseFile(const QString& path) {
+  add("the file chooser", [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+      [path] {
+        auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
+        name->clear();
+        QTest::keyClicks(name, path);
+        QTest::keyClick(name, Qt::Key_Return);
+      });
+}
+
+QWidget* Driver::widget(const std::string& control) {
+  QWidget* found = front_ ? front_->findChild<QWidget*>(QString::fromStdString(control)) : nullptr;
+  if (!found)
+    fail("there is no " + QString::fromStdString(control) + " in the window");
+  return found;
+}
+
+void Driver::type(const std::string& control, const QString& text) {
+  QWidget* box = widget(control);
+  if (!box)
+    return;
+  box->setFocus();
+  QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClicks(box, text);
+}
+
+void Driver::pick(const std::string& control, const QString& entry) {
+  auto* combo = qobject_cast<QComboBox*>(widget(control));
+  if (!combo)
+    return;
+  const int index = combo->findText(entry);
+  if (index < 0)
+    return fail(QString::fromStdString(control) + " does not offer " + entry);
+  combo->setFocus();
+  QTest::keyClick(combo, Qt::Key_Home);
+  for (int step = 0; combo->currentIndex() != index && step < combo->count(); ++step)
+    QTest::keyClick(combo, Qt::Key_Down);
+}
+
+void Driver::press(const std::string& control) {
+  if (QWidget* button = widget(control))
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void Driver::turnToPage(const std::string& tabs, int page) {
+  if (auto* pages = qobject_cast<QTabWidget*>(widget(tabs)))
+    QTest::mouseClick(pages->tabBar(), Qt::LeftButton, {}, pages->tabBar()->tabRect(page).center());
+}
+
+void Driver::picture(const QString& name) {
+  if (front_)
+    save(*front_, name);
+}
+
+void Driver::save(QWidget& seen, const QString& name) {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  const QString path =
+      QDir(folder_).filePath(QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name));
+  if (!seen.grab().save(path))
+    return fail("the picture " + path + " could not be written");
+  std::printf("%s\n", qPrintable(path));
+  std::fflush(stdout);
+}
+
+void Driver::start() {
+  waiting_.start();
+  timer_.start(kTick);
+}
+
+// A step may wait inside itself for a box that the next step answers: the next one is current before this one begins.
+void Driver::tick() {
+  if (steps_.empty() || !trouble_.isEmpty())
+    return timer_.stop();
+  if (!steps_.front().ready()) {
+    if (waiting_.elapsed() > kPatience)
+      fail("waited in vain for " + steps_.front().waitsFor);
+    return;
+  }
+  const Step step = std::move(steps_.front());
+  steps_.pop_front();
+  waiting_.restart();
+  step.deed();
+}
+
+void Driver::fail(const QString& why) {
+  if (!trouble_.isEmpty())
+    return;
+  trouble_ = why;
+  timer_.stop();
+  std::fprintf(stderr, "zelvo-road: %s\n", qPrintable(why));
+  windows_.desk.end("the road could not be gone");
+  for (QWidget* modal = QApplication::activeModalWidget(); modal; modal = QApplication::activeModalWidget())
+    if (!modal->close())
+      break;
+  windows_.face.refresh();
+}
+
+}  // namespace zelvo

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "data/catalogue.h"
+#include "data/value.h"
+
+namespace zelvo {
+
+class Engine;  // one of the stores behind the door
+
+/// The small door to the store: a connection to one database, opened on its connection text. Nobody above knows which
+/// engine stands behind it. Connections are not shared between screens.
+class Connection {
+ public:
+  /// Opens the database that a connection text names ("PROVIDER=...;Data Source=<path>;"). It must exist. Errors say what
+  /// the file is when it is no database of ours, and what to do.
+  static Result<std::shared_ptr<Connection>> open(std::string_view connectionText);
+  ~Connection();
+
+  const std::string& path() const;
+  /// The description of the table that the database holds; the parcel table in the layout it really has.
+  Result<const Table*> table(std::string_view name);
+
+  /// From begin to commit everything that is stored through this connection is stored whole or not at all, and no other
+  /// computer writes to it meanwhile. A transaction that is given up (or destroyed) leaves nothing behind.
+  class Transaction {
+   public:
+    Transaction(Transaction&&) noexcept;
+    Transaction& operator=(Transaction&&) = delete;
+    ~Transaction();
+    Result<void> commit();
+    void rollback();
+
+   private:
+    friend class Connection;
+    explicit Transaction(Connection& connection) : connection_(&connection) {}
+    Connection* connection_;
+  };
+  Result<Transaction> begin();
+
+  /// Whether a row answers the condition, in the office's dialect ("[PERMIT] = '25-134'"), by its index where there is one.
+  Result<bool> exists(std::string_view table, std::string_view condition);
+
+  Engine& engine() { return *engine_; }
+
+ private:
+  explicit Connection(std::unique_ptr<Engine> engine);
+  std::unique_ptr<Engine> engine_;
+};
+
+/// Makes an empty database file with the table and its indexes. Refuses to touch a file that is there.
+Result<void> createDatabase(std::string_view path, const Table& table);
+
+/// Copies a database as it stands between two changes, whoever works in it meanwhile. Databases are never copied as mere
+/// files: that would catch a change half made, and drop the locks that this program holds. Refuses to touch a file
+/// that is there.
+Result<void> copyDatabase(std::string_view from, std::string_view to);
+
+/// Stores many rows in one transaction, for imports and sample data. Columns that are not named stay null.
+Result<void> bulkInsert(Connection& connection, const Table& table, const std::vector<std::string_view>& columns,
+                        const std::function<bool(std::vector<Value>&)>& nextRow);
+
+}  // namespace zelvo

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "form/desk.h"
+
+namespace zelvo {
+
+/// Finds the databases at start-up: the folder of the settings, or the program folder's "\databases" when that folder holds no database
+/// at all; every missing one of the eight main files is replaced by its blank from "\wrk" (made from the catalogue when
+/// the blank is missing too). One message when anything was not where it should be. Afterwards the session's data
+/// folder and parcel layout number are set. An error says which file could not be put in place and why.
+Result<void> resolveDataFolder(Desk& desk);
+
+/// Makes the blank databases of a "\wrk" folder that are not there yet.
+Result<void> makeBlanks(std::string_view programFolder);
+
+/// The full path of a database of the data folder, made from its blank when it is missing: the screens of the databases
+/// that start-up does not look after call it before they open.
+Result<std::string> ensureDatabase(const Session& session, std::string_view file);
+
+}  // namespace zelvo

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace zelvo::dialect {
+
+/// A pattern of the office's like: % is any run of characters, _ one character, [abc], [a-z] and [!a] one of (or none
+/// of) a class. Case-blind for every letter. A "[" without its "]" means itself.
+class LikePattern {
+ public:
+  explicit LikePattern(std::string_view pattern);
+
+  bool matches(std::string_view text) const;
+
+ private:
+  struct Element {
+    enum class Kind { Run, One, Letter, Class } kind;
+    char32_t letter = 0;  ///< folded
+    bool negated = false;
+    std::vector<std::pair<char32_t, char32_t>> ranges = {};  ///< folded, both ends included
+
+    bool takes(char32_t character) const;
+  };
+
+  Element classOf(std::string_view inside) const;
+  void findNeedle();
+  bool holdsNeedle(std::string_view text) const;
+  bool needleAt(std::string_view text, std::size_t at) const;
+
+  std::vector<Element> elements_;
+  std::u32string needle_;  ///< of a pattern '%needle%', by far the most common: looked for by its first byte
+};
+
+}  // namespace zelvo::dialect

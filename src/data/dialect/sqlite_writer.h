@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/result.h"
+#include "data/catalogue.h"
+#include "data/dialect/syntax.h"
+
+namespace zelvo::dialect {
+
+// Queries of the office written for SQLite. How columns lie there: Text and Memo as TEXT COLLATE NOCASE, Number as
+// REAL, Integer and Counter as INTEGER, Date as the TEXT that isoText gives and nothing else: it has one form for each
+// moment, and the order of the texts is the order of the moments ("2025-03-09", midnight, comes before "2025-03-09
+// 10:15:00"). The connection must have been given the functions of registerDialectFunctions.
+//
+// Names are checked against the table: an unknown one is Trouble::BadInput with its place and the text of the query.
+
+/// A statement and what is bound to its "?" in their order: texts as TEXT, numbers as REAL, dates as the TEXT of
+/// isoText.
+struct BoundStatement {
+  std::string sql;
+  std::vector<Value> parameters;
+};
+
+/// select rowid from "T" where ... order by ...: the rows of the query in its order; rows that the order leaves equal,
+/// and all rows of a query without an order, come as they were added.
+Result<BoundStatement> writeKeyset(const Select& query, const Table& table);
+/// select exists(...): one row holding 1 or 0.
+Result<BoundStatement> writeExists(const Condition& condition, const Table& table);
+/// select rowid from "T" where ... order by rowid: the rows that answer the condition, in rising rowids.
+Result<BoundStatement> writeKeysetOf(const Condition& condition, const Table& table);
+
+}  // namespace zelvo::dialect

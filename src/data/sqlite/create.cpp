@@ -1,0 +1,125 @@
+#include "data/sqlite/create.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <functional>
+
+#include "base/files.h"
+#include "base/open_file.h"
+#include "base/text.h"
+#include "data/sqlite/file_kind.h"
+#include "data/sqlite/schema.h"
+
+namespace zelvo::sqlite {
+
+namespace {
+
+std::string folderAt(const std::string& path) {
+  const std::string folder = folderOf(path);
+  return folder.empty() ? "." : folder;
+}
+
+bool somethingAt(const std::string& path) {
+  struct stat state {};
+  return ::lstat(path.c_str(), &state) == 0;
+}
+
+/// A file that is not whole yet, under a name of its own; gone when it is given up.
+class Unfinished {
+ public:
+  explicit Unfinished(std::string name) : name_(std::move(name)) {}
+  Unfinished(const Unfinished&) = delete;
+  Unfinished& operator=(const Unfinished&) = delete;
+  ~Unfinished() {
+    if (!beside_.empty())
+      ::unlink(beside_.c_str());
+  }
+
+  const std::string& beside() const { return beside_; }
+
+  /// Makes it, empty, with the rights that a shared folder gives.
+  Result<void> begin() {
+    if (somethingAt(name_))
+      return trouble(EEXIST);
+    if (::access(folderAt(name_).c_str(), W_OK | X_OK) != 0)
+      return trouble(errno);
+    static std::atomic<unsigned> next{0};
+    beside_ = folderAt(name_) + "/.zelvo-new-" + std::to_string(::getpid()) + "-" + std::to_string(next++) + ".tmp";
+    const OpenFile file(beside_, O_RDWR | O_CREAT | O_EXCL);
+    return file.isOpen() ? Result<void>() : trouble(file.error());
+  }
+
+  /// Another computer may have made the same file meanwhile, and work in it: then that one stays.
+  Result<void> finish() {
+    if (::link(beside_.c_str(), name_.c_str()) == 0)
+      ::unlink(beside_.c_str());
+    else if (errno == EEXIST || somethingAt(name_))
+      return trouble(EEXIST);
+    else if (std::rename(beside_.c_str(), name_.c_str()) != 0)  // sticks and some shared folders know no links
+      return trouble(errno);
+    beside_.clear();
+    OpenFile folder(folderAt(name_), O_RDONLY | O_DIRECTORY);
+    return folder.isOpen() && folder.flush() == EIO ? trouble(EIO) : Result<void>();
+  }
+
+  /// An error met on the way, told of the name that the file was to have.
+  Error named(const Error& error) const { return {error.trouble, replaceAll(error.message, beside_, name_)}; }
+
+ private:
+  Result<void> trouble(int error) const { return fileError(FileDeed::Write, name_, error); }
+
+  std::string name_;
+  std::string beside_;
+};
+
+/// Makes a file by filling the open database of its unfinished one.
+Result<void> make(std::string_view path, const std::function<Result<void>(Database&)>& fill) {
+  Unfinished file(systemPath(path));
+  if (auto begun = file.begin(); !begun)
+    return begun;
+  {
+    auto database = Database::open(file.beside(), Database::Mode::ReadWrite);
+    if (!database)
+      return file.named(database.error());
+    if (auto filled = fill(**database); !filled)
+      return file.named(filled.error());
+  }
+  return file.finish();
+}
+
+/// The whole file in one go: a copy in pieces would begin anew with every change of another computer.
+Result<void> pour(Database& from, Database& to) {
+  sqlite3_backup* copying = sqlite3_backup_init(to.handle(), "main", from.handle(), "main");
+  if (!copying)
+    return to.trouble(FileDeed::Write);
+  const int code = sqlite3_backup_step(copying, -1);
+  sqlite3_backup_finish(copying);
+  if (code == SQLITE_DONE)
+    return {};
+  return (code & 0xff) == SQLITE_BUSY ? from.trouble(FileDeed::Read, code) : to.trouble(FileDeed::Copy, code);
+}
+
+}  // namespace
+
+Result<void> createFile(std::string_view path, const Table& table) {
+  return make(path, [&](Database& database) {
+    return database.execute("begin immediate;" + creation(table) + "commit");
+  });
+}
+
+Result<void> copyDatabaseFile(std::string_view from, std::string_view to) {
+  const std::string name = systemPath(from);
+  const auto mode = modeOf(name);
+  auto source = mode ? Database::open(name, *mode) : mode.error();
+  if (!source)
+    return source.error();
+  if (auto checked = checkHead(**source); !checked)
+    return checked;
+  return make(to, [&](Database& target) { return pour(**source, target); });
+}
+
+}  // namespace zelvo::sqlite

@@ -1,0 +1,40 @@
+#include "documents/document.h"
+
+namespace zelvo {
+
+namespace {
+
+void appendRow(std::string& text, const TableRow& row) {
+  for (const Cell& cell : row.cells) {
+    if (&cell != &row.cells.front())
+      text += '\t';
+    for (const Paragraph& paragraph : cell.paragraphs) {
+      if (&paragraph != &cell.paragraphs.front())
+        text += ' ';
+      text += plainText(paragraph);
+    }
+  }
+  text += '\n';
+}
+
+}  // namespace
+
+std::string plainText(const Paragraph& paragraph) {
+  std::string text;
+  for (const Run& run : paragraph.runs)
+    text += run.text;
+  return text;
+}
+
+std::string plainText(const Document& document) {
+  std::string text;
+  for (const Block& block : document.body) {
+    if (const auto* paragraph = std::get_if<Paragraph>(&block))
+      text += plainText(*paragraph) + "\n";
+    else if (const auto* row = std::get_if<TableRow>(&block))
+      appendRow(text, *row);
+  }
+  return text;
+}
+
+}  // namespace zelvo

@@ -1,0 +1,373 @@
+#include "documents/document_reader.h"
+
+#include <map>
+#include <unordered_map>
+#include <utility>
+
+#include "base/text.h"
+#include "documents/rtf_decoder.h"
+#include "documents/rtf_look.h"
+#include "documents/rtf_picture.h"
+#include "documents/rtf_table.h"
+
+namespace zelvo {
+
+namespace {
+
+using Destination = RtfDestination;
+
+// The signs of the symbol fonts that letters use, mostly in front of list entries. Other computers lack those fonts.
+char32_t signOf(char32_t code) {
+  static const std::unordered_map<char32_t, char32_t> signs = {
+      {0xB7, 0x2022}, {0xA7, 0x25AA}, {0xFC, 0x2713}, {0xFB, 0x2717}, {0x6F, 0x25A1}, {0xA8, 0x25A1}, {0xFE, 0x2611},
+      {0xD8, 0x27A2}, {0x76, 0x2756}, {0x6C, 0x25CF}, {0x6E, 0x25A0}, {0x71, 0x2751}, {0xE0, 0x2192}, {0xF0, 0x21E8}};
+  const auto sign = signs.find(code);
+  return sign == signs.end() ? code : sign->second;
+}
+
+bool isShown(Destination destination) {
+  return isText(destination) && destination != Destination::LeftPage;
+}
+
+LiveField liveFieldOf(std::string_view instruction) {
+  const std::string word = upper(split(trim(instruction), ' ').front());
+  if (word == "PAGE")
+    return LiveField::PageNumber;
+  return word == "NUMPAGES" ? LiveField::PageCount : LiveField::None;
+}
+
+class Reader : public RtfSink {
+ public:
+  explicit Reader(const RtfFonts& fonts) : fonts_(fonts), table_(colours_) {}
+
+  Document finish() {
+    for (auto& [flow, current] : flows_)
+      if (!current.runs.empty())
+        endParagraph(flow);
+    if (table_.isOpen())
+      document_.body.emplace_back(table_.endRow());
+    return std::move(document_);
+  }
+
+  void character(char32_t character, RtfSpan, const RtfState& state) override {
+    if (state.destination == Destination::ColourTable)
+      return takeColourEnd(character);
+    if (state.destination == Destination::FieldInstruction)
+      return appendCharacter(instruction_, character);
+    if (!isShown(state.destination) || state.hidden || character == 0x00AD)
+      return;
+    if (look_.inLiveResult)
+      return addLive(state);
+    beginRun(state);
+    appendText(character, state);
+  }
+
+  void word(const RtfToken& token, const RtfState& state) override {
+    sameRun_ = false;
+    font_ = state.font;
+    if (state.flow != flow_)
+      enterFlow(state);
+    if (state.destination == Destination::Picture)
+      return takePictureWord(token);
+    if (state.destination == Destination::ColourTable)
+      return takeColourWord(token);
+    if (state.destination == Destination::FieldInstruction || !isShown(state.destination))
+      return;
+    if (look_.text.take(token))
+      return;
+    if (!look_.paragraph.take(token) && !takeBreak(token.word, state) && !takeField(token.word, state) &&
+        (state.destination != Destination::Body || !table_.take(token)))
+      takePage(token);
+  }
+
+  void open(const RtfState& state) override {
+    sameRun_ = false;
+    font_ = state.font;
+    outer_.push_back(look_);
+  }
+
+  void close(const RtfState& state) override {
+    sameRun_ = false;
+    if (outer_.empty())
+      return;
+    // The last paragraph of a letter often has no end of its own; it keeps the look in force there.
+    if (state.flow != flow_ || outer_.size() == 1)
+      leaveFlow(state);
+    look_ = std::move(outer_.back());
+    outer_.pop_back();
+    font_ = state.font;
+    if (inPicture_ && state.destination != Destination::Picture)
+      addPicture(state);
+    if (!instruction_.empty() && state.destination != Destination::FieldInstruction) {
+      live_ = liveFieldOf(instruction_);
+      instruction_.clear();
+    }
+    // A field whose result was never written still has its number.
+    if (outer_.size() < fieldDepth_) {
+      addLive(state);
+      fieldDepth_ = 0;
+    }
+  }
+
+  void data(const RtfToken& token, const RtfState&) override { picture_.data(token); }
+
+ private:
+  struct Look {
+    TextLook text;
+    ParagraphLook paragraph;
+    bool inLiveResult = false;
+  };
+
+  void takePictureWord(const RtfToken& token) {
+    picture_.take(token);
+    inPicture_ = true;
+  }
+
+  void takeColourWord(const RtfToken& token) {
+    const auto part = static_cast<std::uint8_t>(token.parameterOr(0));
+    if (token.word != "red" && token.word != "green" && token.word != "blue")
+      return;
+    if (!colour_)
+      colour_ = Colour{};
+    (token.word == "red" ? colour_->red : token.word == "green" ? colour_->green : colour_->blue) = part;
+  }
+
+  void takeColourEnd(char32_t character) {
+    if (character != U';')
+      return;
+    colours_.byNumber.push_back(colour_);
+    colour_.reset();
+  }
+
+  // A header, note or frame begins with a look of its own.
+  void enterFlow(const RtfState& state) {
+    destinations_[state.flow] = state.destination;
+    flow_ = state.flow;
+    look_ = Look{};
+  }
+
+  void leaveFlow(const RtfState& state) {
+    const auto left = flows_.find(flow_);
+    if (left != flows_.end() && !left->second.runs.empty())
+      endParagraph(flow_);
+    flow_ = state.flow;
+  }
+
+  Paragraph& current(const RtfState& state) { return flows_[state.flow]; }
+
+  TextStyle style(int number) const {
+    const auto font = fonts_.byNumber.find(number);
+    const RtfFont* known = font == fonts_.byNumber.end() || font->second.symbol ? nullptr : &font->second;
+    return look_.text.style(known, colours_);
+  }
+
+  void beginRun(const RtfState& state) {
+    if (sameRun_)
+      return;
+    sameRun_ = true;
+    std::vector<Run>& runs = current(state).runs;
+    TextStyle wanted = style(state.font);
+    const bool goesOn = !runs.empty() && runs.back().live == LiveField::None && !runs.back().picture;
+    if (!goesOn || !(runs.back().style == wanted))
+      runs.push_back({std::move(wanted), {}, LiveField::None, nullptr});
+  }
+
+  void appendText(char32_t character, const RtfState& state) {
+    const auto font = fonts_.byNumber.find(state.font);
+    const bool isPrivate = character >= 0xF020 && character <= 0xF0FF;
+    if (isPrivate || (character != U'\t' && font != fonts_.byNumber.end() && font->second.symbol))
+      character = signOf(isPrivate ? character - 0xF000 : character);
+    std::string& text = current(state).runs.back().text;
+    if (!look_.text.capitals)
+      return appendCharacter(text, character);
+    std::string letter;
+    appendCharacter(letter, character);
+    text += upper(letter);
+  }
+
+  void addPiece(const RtfState& state, Run run) {
+    sameRun_ = false;
+    run.style = style(state.font);
+    current(state).runs.push_back(std::move(run));
+  }
+
+  void addLive(const RtfState& state) {
+    if (live_ != LiveField::None && isShown(state.destination))
+      addPiece(state, {{}, {}, live_, nullptr});
+    live_ = LiveField::None;
+  }
+
+  void addPicture(const RtfState& state) {
+    inPicture_ = false;
+    auto picture = picture_.finish();
+    if (picture && isShown(state.destination))
+      addPiece(state, {{}, {}, LiveField::None, std::move(picture)});
+  }
+
+  bool takeField(std::string_view word, const RtfState& state) {
+    if (word == "field") {
+      fieldDepth_ = outer_.size();
+    } else if (word == "fldrslt") {
+      look_.inLiveResult = live_ != LiveField::None;
+    } else if (word == "chpgn") {
+      addPiece(state, {{}, {}, LiveField::PageNumber, nullptr});
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  bool takeBreak(std::string_view word, const RtfState& state) {
+    if (word == "par")
+      endParagraph(state.flow);
+    else if (word == "cell" || word == "nestcell")
+      endCell(word, state);
+    else if (word == "row")
+      endRow();
+    else if (word == "page")
+      breakPage(state);
+    else if (word == "sect")
+      endSection(state);
+    else if (word == "sbknone")
+      joinSections();
+    else
+      return false;
+    return true;
+  }
+
+  void endCell(std::string_view word, const RtfState& state) {
+    if (state.destination != Destination::Body)
+      return endParagraph(state.flow);
+    Paragraph paragraph = takeParagraph(state.flow);
+    table_.add(std::move(paragraph));
+    addAsides();
+    if (word == "cell")
+      table_.endCell();
+  }
+
+  void endRow() {
+    if (table_.isOpen())
+      document_.body.emplace_back(table_.endRow());
+    sectionBreak_ = false;
+  }
+
+  void breakPage(const RtfState& state) {
+    if (state.destination != Destination::Body || table_.isOpen())
+      return;
+    if (!current(state).runs.empty())
+      endParagraph(state.flow);
+    document_.body.emplace_back(PageBreak{});
+    sectionBreak_ = false;
+  }
+
+  void endSection(const RtfState& state) {
+    if (state.destination != Destination::Body)
+      return;
+    endParagraph(state.flow);
+    if (table_.isOpen())
+      endRow();
+    document_.body.emplace_back(PageBreak{});
+    sectionBreak_ = true;
+    ++sections_;
+  }
+
+  // The section that begins here goes on on the same page; it says so only behind its beginning.
+  void joinSections() {
+    if (sectionBreak_)
+      document_.body.pop_back();
+    sectionBreak_ = false;
+  }
+
+  Paragraph takeParagraph(std::uint32_t flow) {
+    Paragraph paragraph = std::move(flows_[flow]);
+    flows_[flow] = Paragraph{};
+    paragraph.style = look_.paragraph.finished();
+    paragraph.end = paragraph.runs.empty() ? style(font_) : paragraph.runs.back().style;
+    sameRun_ = false;
+    return paragraph;
+  }
+
+  void endParagraph(std::uint32_t flow) {
+    Paragraph paragraph = takeParagraph(flow);
+    const auto found = destinations_.find(flow);
+    const Destination destination = found == destinations_.end() ? Destination::Body : found->second;
+    if (destination == Destination::Body) {
+      addToBody(std::move(paragraph));
+      addAsides();
+    } else if (std::vector<Paragraph>* list = listOf(destination)) {
+      list->push_back(std::move(paragraph));
+    }
+  }
+
+  void addToBody(Paragraph paragraph) {
+    sectionBreak_ = false;
+    if (look_.paragraph.inTable)
+      return table_.add(std::move(paragraph));
+    if (table_.isOpen())
+      endRow();
+    document_.body.emplace_back(std::move(paragraph));
+  }
+
+  // Notes and frames stand behind the paragraph that they belong to.
+  void addAsides() {
+    for (Paragraph& aside : std::exchange(asides_, {}))
+      addToBody(std::move(aside));
+  }
+
+  // The headers of the first section hold for the whole letter.
+  std::vector<Paragraph>* listOf(Destination destination) {
+    if (destination == Destination::Aside)
+      return &asides_;
+    if (sections_ > 0)
+      return nullptr;
+    switch (destination) {
+      case Destination::Header:
+        return &document_.header;
+      case Destination::Footer:
+        return &document_.footer;
+      case Destination::FirstHeader:
+        return &document_.firstHeader;
+      case Destination::FirstFooter:
+        return &document_.firstFooter;
+      default:
+        return nullptr;
+    }
+  }
+
+  void takePage(const RtfToken& token) {
+    if (sections_ == 0)
+      takePageWord(token, document_);
+  }
+
+  const RtfFonts& fonts_;
+  RtfColours colours_;
+  std::optional<Colour> colour_;  // being read
+  Document document_;
+  RtfTable table_;
+  RtfPicture picture_;
+  bool inPicture_ = false;
+  Look look_;
+  int font_ = 0;
+  std::vector<Look> outer_;
+  std::map<std::uint32_t, Paragraph> flows_;  // the paragraph being read of each
+  std::map<std::uint32_t, Destination> destinations_;
+  std::uint32_t flow_ = 0;
+  std::vector<Paragraph> asides_;
+  std::string instruction_;  // of the field being read
+  LiveField live_ = LiveField::None;
+  std::size_t fieldDepth_ = 0;
+  bool sameRun_ = false;       // nothing came since the last character that could change its style
+  bool sectionBreak_ = false;  // the last block is the page break of a section
+  int sections_ = 0;
+};
+
+}  // namespace
+
+Document readDocument(std::string_view rtf) {
+  RtfFonts fonts;
+  Reader reader(fonts);
+  decodeRtf(rtf, fonts, reader);
+  return reader.finish();
+}
+
+}  // namespace zelvo

@@ -1,0 +1,59 @@
+#include "documents/letter.h"
+
+#include "base/files.h"
+#include "documents/rtf_reader.h"
+
+namespace zelvo {
+
+namespace {
+
+Error noTemplate(std::string_view name, std::string_view folder) {
+  return {Trouble::NotFound, "The letter \"" + fileNameOf(name) + "\" is not in the forms folder \"" +
+                                 std::string(folder) +
+                                 "\".\nPut it there, or set the forms folder in the preferences, and print again."};
+}
+
+Error noRichText(std::string_view name, std::string_view folder) {
+  return {Trouble::BadInput,
+          "The letter \"" + fileNameOf(name) + "\" in the forms folder \"" + std::string(folder) +
+              "\" is no rich text.\nOpen it in a word processor, save it as rich text (.rtf), and print again."};
+}
+
+Result<std::string> readTemplate(std::string_view folder, std::string_view name) {
+  const std::string path = joinPath(folder, name);
+  if (!FileExists(path))
+    return noTemplate(name, folder);
+  Result<std::string> rtf = readBytes(path);
+  if (rtf && !isRichText(*rtf))
+    return noRichText(name, folder);
+  return rtf;
+}
+
+}  // namespace
+
+Result<std::string> LetterPrinter::merge(std::string_view templateName) {
+  const Session& session = desk_.session;
+  const Result<std::string> rtf = readTemplate(session.formsFolder, templateName);
+  if (!rtf)
+    return rtf.error();
+  MergeContext values = context;
+  if (values.letterhead.empty())
+    values.letterhead = session.reportHeader;
+  const auto pictures = [&session](std::string_view name) -> std::optional<std::string> {
+    auto bytes = readBytes(joinPath(session.programFolder, name));
+    return bytes ? std::optional(std::move(*bytes)) : std::nullopt;
+  };
+  const std::string path = joinPath(session.programFolder, "\\tmp.rtf");
+  if (auto written = replaceFile(path, mergeLetter(*rtf, values, desk_.clock.now(), pictures)); !written)
+    return written.error();
+  return path;
+}
+
+Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title) {
+  const Result<std::string> path = merge(templateName);
+  if (!path)
+    return path.error();
+  return desk_.printing.print({std::string(title), *path, desk_.session.print});
+}
+
+}  // namespace zelvo

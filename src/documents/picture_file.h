@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "documents/document.h"
+
+namespace zelvo {
+
+/// A picture file (png, jpeg or bmp, told by its content) as a picture of the size that it states for itself, at 96
+/// dots to the inch when it states none. Nothing when it is none of these.
+std::optional<Picture> readPicture(std::string bytes);
+
+/// The same picture, made smaller in proportion until it fits.
+void fitInto(Picture& picture, int width, int height);
+
+/// A bitmap as it stands in a letter (a device-independent one, without the header of a file), as a whole .bmp file.
+std::string bmpFileOf(std::string_view bitmap);
+
+/// The largest such bitmap inside a Windows metafile: word processors wrap scanned pictures so. Empty when there is
+/// none.
+std::string bitmapOfMetafile(std::string_view metafile);
+
+}  // namespace zelvo

@@ -1,0 +1,109 @@
+#include "documents/rtf_insert.h"
+
+#include <optional>
+
+#include "base/text.h"
+#include "documents/rtf_writer.h"
+
+namespace zelvo {
+
+namespace {
+
+struct Look {
+  bool bold = false, italic = false, underline = false;
+  int size = 24;  // half points
+  int font = -1;  // of the letter; -1: the one in force there
+};
+
+std::string wordFor(std::string_view word, bool on) {
+  return "\\" + std::string(word) + (on ? "" : "0") + " ";
+}
+
+class Inserter : public RtfSink {
+ public:
+  Inserter(const RtfFonts& own, const RtfFonts& letter) : own_(own), letter_(letter) {}
+
+  const std::string& text() const { return text_; }
+
+  void character(char32_t character, RtfSpan, const RtfState& state) override {
+    if (state.destination != RtfDestination::Body || state.hidden)
+      return;
+    for (; paragraphs_ > 0; --paragraphs_)
+      text_ += "\\par ";
+    look_.font = letterFont(state.font);
+    showLook();
+    appendRtfCharacter(text_, character);
+  }
+
+  void word(const RtfToken& token, const RtfState& state) override {
+    if (state.destination != RtfDestination::Body)
+      return;
+    if (token.word == "par")
+      ++paragraphs_;
+    else if (token.word == "plain")
+      look_ = Look{};
+    else if (token.word == "b")
+      look_.bold = token.on();
+    else if (token.word == "i")
+      look_.italic = token.on();
+    else if (token.word == "ul")
+      look_.underline = token.on();
+    else if (token.word == "ulnone")
+      look_.underline = false;
+    else if (token.word == "fs")
+      look_.size = token.parameterOr(24);
+  }
+
+  void open(const RtfState&) override { outer_.push_back(look_); }
+  void close(const RtfState&) override {
+    if (outer_.empty())
+      return;
+    look_ = outer_.back();
+    outer_.pop_back();
+  }
+
+ private:
+  int letterFont(int number) const {
+    const auto own = own_.byNumber.find(number);
+    if (own == own_.byNumber.end())
+      return -1;
+    for (const auto& [letterNumber, font] : letter_.byNumber)
+      if (alike(font.name, own->second.name))
+        return letterNumber;
+    return -1;
+  }
+
+  // Writes only what differs from what is in force; the first time all of it, since the letter may be bold here.
+  void showLook() {
+    if (!shown_ || shown_->bold != look_.bold)
+      text_ += wordFor("b", look_.bold);
+    if (!shown_ || shown_->italic != look_.italic)
+      text_ += wordFor("i", look_.italic);
+    if (!shown_ || shown_->underline != look_.underline)
+      text_ += wordFor("ul", look_.underline);
+    if (!shown_ || shown_->size != look_.size)
+      text_ += "\\fs" + std::to_string(look_.size) + " ";
+    if (look_.font >= 0 && (!shown_ || shown_->font != look_.font))
+      text_ += "\\f" + std::to_string(look_.font) + " ";
+    shown_ = look_;
+  }
+
+  const RtfFonts& own_;
+  const RtfFonts& letter_;
+  Look look_;
+  std::optional<Look> shown_;
+  std::vector<Look> outer_;
+  std::size_t paragraphs_ = 0;  // ended, and not written yet: the last one is not
+  std::string text_;
+};
+
+}  // namespace
+
+std::string rtfInsert(std::string_view richText, const RtfFonts& letterFonts) {
+  RtfFonts fonts;
+  Inserter inserter(fonts, letterFonts);
+  decodeRtf(richText, fonts, inserter);
+  return "{\\uc1 " + inserter.text() + "}";
+}
+
+}  // namespace zelvo

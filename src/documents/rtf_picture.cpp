@@ -1,0 +1,111 @@
+#include "documents/rtf_picture.h"
+
+#include <algorithm>
+
+#include "documents/picture_file.h"
+
+namespace zelvo {
+
+namespace {
+
+int hexValue(char c) {
+  if (c >= '0' && c <= '9')
+    return c - '0';
+  if (c >= 'a' && c <= 'f')
+    return c - 'a' + 10;
+  if (c >= 'A' && c <= 'F')
+    return c - 'A' + 10;
+  return -1;
+}
+
+double part(int crop, int whole) {
+  return whole > 0 ? std::clamp(double(crop) / whole, 0.0, 0.95) : 0;
+}
+
+}  // namespace
+
+void RtfPicture::take(const RtfToken& token) {
+  const std::string_view word = token.word;
+  const int number = std::clamp(token.parameterOr(0), -600000, 600000);
+  if (word == "pngblip" || word == "jpegblip")
+    source_ = Source::File;
+  else if (word == "dibitmap")
+    source_ = Source::Bitmap;
+  else if (word == "wmetafile")
+    source_ = Source::Metafile;
+  else if (word == "picwgoal")
+    goalWidth_ = number;
+  else if (word == "pichgoal")
+    goalHeight_ = number;
+  else if (word == "picscalex" && number > 0)
+    acrossScale_ = number / 100.0;
+  else if (word == "picscaley" && number > 0)
+    downScale_ = number / 100.0;
+  else if (word == "piccropl")
+    cropLeft_ = number;
+  else if (word == "piccropt")
+    cropTop_ = number;
+  else if (word == "piccropr")
+    cropRight_ = number;
+  else if (word == "piccropb")
+    cropBottom_ = number;
+}
+
+void RtfPicture::data(const RtfToken& token) {
+  if (token.kind == RtfTokenKind::Binary) {
+    bytes_ += token.word;
+    return;
+  }
+  for (char c : token.word) {
+    const int digit = hexValue(c);
+    if (digit < 0)
+      continue;
+    if (half_ < 0) {
+      half_ = digit;
+      continue;
+    }
+    bytes_ += static_cast<char>(half_ * 16 + digit);
+    half_ = -1;
+  }
+}
+
+std::optional<Picture> RtfPicture::read() const {
+  switch (source_) {
+    case Source::File:
+      return readPicture(bytes_);
+    case Source::Bitmap:
+      return readPicture(bmpFileOf(bytes_));
+    case Source::Metafile:
+      return readPicture(bmpFileOf(bitmapOfMetafile(bytes_)));
+    case Source::Unknown:
+      break;
+  }
+  return std::nullopt;
+}
+
+void RtfPicture::placeOnPaper(Picture& picture) const {
+  if (goalWidth_ > 0 && goalHeight_ > 0) {
+    picture.width = goalWidth_;
+    picture.height = goalHeight_;
+  }
+  picture.cropLeft = part(cropLeft_, picture.width);
+  picture.cropTop = part(cropTop_, picture.height);
+  picture.cropRight = part(cropRight_, picture.width);
+  picture.cropBottom = part(cropBottom_, picture.height);
+  const double across = std::max(0.05, 1 - picture.cropLeft - picture.cropRight) * acrossScale_;
+  const double down = std::max(0.05, 1 - picture.cropTop - picture.cropBottom) * downScale_;
+  picture.width = std::max(1, static_cast<int>(picture.width * across));
+  picture.height = std::max(1, static_cast<int>(picture.height * down));
+}
+
+std::shared_ptr<const Picture> RtfPicture::finish() {
+  std::shared_ptr<Picture> result;
+  if (auto picture = read()) {
+    placeOnPaper(*picture);
+    result = std::make_shared<Picture>(std::move(*picture));
+  }
+  *this = RtfPicture{};
+  return result;
+}
+
+}  // namespace zelvo

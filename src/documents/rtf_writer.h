@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "documents/document.h"
+
+namespace zelvo {
+
+/// A character as rich-text source of plain 7-bit letters: "\n" as a line break inside the paragraph; control
+/// characters vanish. `standIns` is the \uc in force where it is written.
+void appendRtfCharacter(std::string& rtf, char32_t character, int standIns = 1);
+/// A text as rich-text source; any kind of line end becomes a line break inside the paragraph.
+std::string rtfText(std::string_view text, int standIns = 1);
+/// A picture as a group of its own.
+std::string rtfPicture(const Picture& picture);
+
+/// The characters of a text with every kind of line end as one "\n", without control characters other than tabs.
+std::u32string letterCharacters(std::string_view text);
+
+}  // namespace zelvo

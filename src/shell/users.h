@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "form/session.h"
+
+namespace zelvo {
+
+// The list of the users, "Users.Set" in the program folder: the number of users on a line, then a line for each with
+// name, password and access level, separated by commas, each scrambled. The list is scrambled in memory as well.
+
+inline constexpr std::size_t kUserLimit = 100;
+
+/// Scrambles a text, and turns a scrambled one back: the same routine does both. Nothing that can be typed becomes a
+/// comma, a quote, a blank or a control character.
+std::string scrambled(std::string_view text);
+/// The same for each text of a user.
+User scrambled(const User& user);
+
+/// Fills the session's list. A missing file leaves it empty. An error says why the list is not whole: it cannot be
+/// read, or names more users than there are slots; the users read so far stay.
+Result<void> readUsers(Session& session);
+/// Writes a list of scrambled users, readable for the owner of the file alone.
+Result<void> writeUsers(std::string_view programFolder, const std::vector<User>& users);
+
+/// Looks for the user, names and passwords without regard to case. The first user of that name decides: the session's
+/// rights become theirs, and it is signed in when the password is theirs too. An unknown name changes nothing.
+void CheckPassword(Session& session, std::string_view name, std::string_view password);
+
+}  // namespace zelvo

@@ -1,0 +1,261 @@
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyleOptionFocusRect>
+#include <QToolButton>
+
+#include "base/files.h"
+#include "ui/control_view.h"
+#include "ui/style.h"
+
+namespace zelvo {
+
+namespace {
+
+// A label that does something when clicked can be reached and pressed by keys as well.
+class PlainLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+  std::function<void()> pressed;
+
+  void setClickable(bool clickable) {
+    setFocusPolicy(clickable ? Qt::StrongFocus : Qt::NoFocus);
+    clickable ? setCursor(Qt::PointingHandCursor) : unsetCursor();
+    QFont letters = font();
+    letters.setUnderline(clickable);
+    setFont(letters);
+  }
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    if (event->button() == Qt::LeftButton && focusPolicy() != Qt::NoFocus && rect().contains(event->pos()))
+      pressed();
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (focusPolicy() != Qt::NoFocus && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return))
+      pressed();
+    else
+      QLabel::keyPressEvent(event);
+  }
+  void paintEvent(QPaintEvent* event) override {
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+      return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  }
+};
+
+class LabelView : public ControlView {
+ public:
+  LabelView(Label& label, UserActions& actions, QWidget* parent, LayoutRow::Kind kind)
+      : ControlView(label, actions), label_(label), widget_(new PlainLabel(parent)), picture_(kind == LayoutRow::Kind::Picture) {
+    widget_->setTextFormat(Qt::PlainText);
+    widget_->setWordWrap(label.caption.size() > 60 || label.caption.find('\n') != std::string::npos);
+    widget_->pressed = [this] { user.clicks(control_); };
+    if (kind == LayoutRow::Kind::Heading) {
+      QFont letters = widget_->font();
+      letters.setPointSizeF(letters.pointSizeF() * 1.6);
+      letters.setBold(true);
+      widget_->setFont(letters);
+    }
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    if (shown_ != label_.caption) {
+      shown_ = label_.caption;
+      if (picture_)
+        widget_->setPixmap(QPixmap(QString::fromStdString(systemPath(shown_))));
+      else
+        widget_->setText(QString::fromStdString(shown_));
+    }
+    if (clickable_ != label_.clickable) {
+      clickable_ = label_.clickable;
+      widget_->setClickable(clickable_);
+    }
+    if (warning_ != label_.warning) {
+      warning_ = label_.warning;
+      showWarning();
+    }
+  }
+
+ private:
+  void showWarning() {
+    QFont letters = widget_->font();
+    letters.setBold(warning_);
+    widget_->setFont(letters);
+    QPalette colours;
+    if (warning_)
+      colours.setColor(QPalette::WindowText, warningColour(widget_->palette()));
+    widget_->setPalette(colours);
+  }
+
+  Label& label_;
+  PlainLabel* widget_;
+  bool picture_;
+  std::string shown_;
+  bool clickable_ = false;
+  bool warning_ = false;
+};
+
+class ButtonView : public ControlView {
+ public:
+  ButtonView(Button& button, UserActions& actions, QAbstractButton* widget, std::string_view keys)
+      : ControlView(button, actions),
+        button_(button),
+        widget_(widget),
+        keys_(QString::fromUtf8(keys.data(), static_cast<qsizetype>(keys.size()))) {
+    QObject::connect(widget_, &QAbstractButton::clicked, widget_, [this] { user.clicks(control_); });
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    if (shown_ != button_.caption) {
+      shown_ = button_.caption;
+      widget_->setText(QString::fromStdString(shown_));
+      if (!keys_.isEmpty())
+        widget_->setShortcut(keys_);
+    }
+    auto* push = qobject_cast<QPushButton*>(widget_);
+    if (push && push->isDefault() != button_.isDefault)
+      push->setDefault(button_.isDefault);
+  }
+
+ private:
+  Button& button_;
+  QAbstractButton* widget_;
+  QKeySequence keys_;
+  std::string shown_;
+};
+
+class CheckView : public ControlView {
+ public:
+  CheckView(CheckBox& box, UserActions& actions, QWidget* parent)
+      : ControlView(box, actions), box_(box), widget_(new QCheckBox(parent)) {
+    QObject::connect(widget_, &QCheckBox::clicked, widget_,
+                     [this](bool checked) { user.sets(control_, checked ? "1" : "0"); });
+    watchFocus(widget_);
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    const QString caption = QString::fromStdString(box_.caption);
+    if (widget_->text() != caption)
+      widget_->setText(caption);
+    if (widget_->isChecked() != box_.checked)
+      widget_->setChecked(box_.checked);
+  }
+
+ private:
+  CheckBox& box_;
+  QCheckBox* widget_;
+};
+
+class OptionView : public ControlView {
+ public:
+  OptionView(Option& option, UserActions& actions, QWidget* parent)
+      : ControlView(option, actions), option_(option), widget_(new QRadioButton(parent)) {
+    groupOf(parent)->addButton(widget_);
+    QObject::connect(widget_, &QRadioButton::clicked, widget_, [this] { user.sets(control_, "1"); });
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    const QString caption = QString::fromStdString(option_.caption);
+    if (widget_->text() != caption)
+      widget_->setText(caption);
+    if (widget_->isChecked() == option_.chosen)
+      return;
+    widget_->group()->setExclusive(option_.chosen);  // a group may also have none chosen
+    widget_->setChecked(option_.chosen);
+    widget_->group()->setExclusive(true);
+  }
+
+ private:
+  // The options of one group share a button group, so that the arrow keys go round among them.
+  QButtonGroup* groupOf(QWidget* parent) const {
+    const QString name = QStringLiteral("options of ") + QString::fromStdString(option_.group);
+    if (auto* group = parent->findChild<QButtonGroup*>(name))
+      return group;
+    auto* group = new QButtonGroup(parent);
+    group->setObjectName(name);
+    return group;
+  }
+
+  Option& option_;
+  QRadioButton* widget_;
+};
+
+QAbstractButton* makeTool(QWidget* parent, const LayoutRow& row) {
+  auto* tool = new QToolButton(parent);
+  tool->setAutoRaise(true);
+  tool->setFocusPolicy(Qt::TabFocus);
+  tool->setIcon(glyphIcon(row.glyph));
+  const bool move = row.glyph == Glyph::First || row.glyph == Glyph::Previous || row.glyph == Glyph::Next ||
+                    row.glyph == Glyph::Last;  // the arrow says it all
+  tool->setToolButtonStyle(row.glyph == Glyph::None ? Qt::ToolButtonTextOnly
+                           : move                   ? Qt::ToolButtonIconOnly
+                                                    : Qt::ToolButtonTextBesideIcon);
+  return tool;
+}
+
+QAbstractButton* makeTile(QWidget* parent, const LayoutRow& row) {
+  auto* tile = new QToolButton(parent);
+  tile->setFocusPolicy(Qt::StrongFocus);
+  tile->setIcon(tileIcon(row.glyph, row.hue));
+  tile->setIconSize(QSize(52, 52));
+  tile->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  tile->setMinimumSize(168, 118);
+  tile->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  QFont letters = tile->font();
+  letters.setPointSizeF(letters.pointSizeF() * 1.1);
+  tile->setFont(letters);
+  return tile;
+}
+
+QAbstractButton* makePush(QWidget* parent, const LayoutRow* row) {
+  auto* push = new QPushButton(parent);
+  push->setAutoDefault(true);
+  if (row && row->glyph != Glyph::None)
+    push->setIcon(glyphIcon(row->glyph));
+  return push;
+}
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeLabelView(Label& label, UserActions& user, QWidget* parent, const LayoutRow* row) {
+  return std::make_unique<LabelView>(label, user, parent, row ? row->kind : LayoutRow::Kind::Field);
+}
+
+std::unique_ptr<ControlView> makeButtonView(Button& button, UserActions& user, QWidget* parent, const LayoutRow* row) {
+  QAbstractButton* widget = nullptr;
+  if (row && row->kind == LayoutRow::Kind::Tool)
+    widget = makeTool(parent, *row);
+  else if (row && row->kind == LayoutRow::Kind::Tile)
+    widget = makeTile(parent, *row);
+  else
+    widget = makePush(parent, row);
+  return std::make_unique<ButtonView>(button, user, widget, row ? row->keys : std::string_view());
+}
+
+std::unique_ptr<ControlView> makeCheckView(CheckBox& box, UserActions& user, QWidget* parent) {
+  return std::make_unique<CheckView>(box, user, parent);
+}
+
+std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, QWidget* parent) {
+  return std::make_unique<OptionView>(option, user, parent);
+}
+
+}  // namespace zelvo

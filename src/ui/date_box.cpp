@@ -1,0 +1,81 @@
+#include "ui/date_box.h"
+
+#include <QAction>
+#include <QCalendarWidget>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include "base/date.h"
+#include "ui/glyph.h"
+#include "ui/style.h"
+
+#include <QIcon>
+
+namespace zelvo {
+
+DateBox::DateBox(QWidget* parent) : QLineEdit(parent) {
+  setPlaceholderText(QStringLiteral("mm/dd/yyyy"));
+  auto* open = addAction(glyphIcon(Glyph::Calendar), QLineEdit::TrailingPosition);
+  open->setToolTip(QStringLiteral("Calendar (F4)"));
+  connect(open, &QAction::triggered, this, [this] { openCalendar(); });
+}
+
+void DateBox::makeCalendar() {
+  popup_ = new QFrame(this, Qt::Popup);
+  popup_->setFrameShape(QFrame::StyledPanel);
+  calendar_ = new QCalendarWidget(popup_);
+  calendar_->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
+  calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  auto* box = new QVBoxLayout(popup_);
+  box->setContentsMargins(2, 2, 2, 2);
+  box->addWidget(calendar_);
+  const auto take = [this](QDate day) {
+    popup_->hide();
+    picked(day.toString(QStringLiteral("MM/dd/yyyy")));
+  };
+  connect(calendar_, &QCalendarWidget::clicked, this, take);
+  connect(calendar_, &QCalendarWidget::activated, this, take);
+}
+
+void DateBox::openCalendar() {
+  if (isReadOnly() || !isEnabled())
+    return;
+  if (!popup_)
+    makeCalendar();
+  const auto typed = parseDate(text().toStdString());
+  calendar_->setSelectedDate(typed ? QDate(typed->year, typed->month, typed->day) : QDate::currentDate());
+  popup_->adjustSize();
+  const QRect room = screen()->availableGeometry();
+  QPoint corner = mapToGlobal(QPoint(0, height()));
+  if (corner.y() + popup_->height() > room.bottom())
+    corner.setY(mapToGlobal(QPoint(0, 0)).y() - popup_->height());
+  corner.setX(std::min(corner.x(), room.right() - popup_->width()));
+  popup_->move(corner);
+  popup_->show();
+  calendar_->setFocus();
+}
+
+void DateBox::showUnreadable(bool unreadable) {
+  QPalette colours;
+  if (unreadable)
+    colours.setColor(QPalette::Text, warningColour(palette()));
+  setPalette(colours);
+}
+
+void DateBox::keyPressEvent(QKeyEvent* event) {
+  const bool altDown = event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier);
+  if (event->key() == Qt::Key_F4 || altDown)
+    openCalendar();
+  else
+    QLineEdit::keyPressEvent(event);
+}
+
+// The wheel scrolls the page.
+void DateBox::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+}
+
+}  // namespace zelvo

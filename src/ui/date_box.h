@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+class QCalendarWidget;
+class QFrame;
+
+namespace zelvo {
+
+/// A line for a date, with a calendar that drops down (F4 or Alt+Down). It may be empty. Dates are typed as text: the box
+/// itself judges nothing.
+class DateBox : public QLineEdit {
+ public:
+  explicit DateBox(QWidget* parent);
+
+  /// A day was picked in the calendar; as mm/dd/yyyy.
+  std::function<void(const QString&)> picked;
+  void openCalendar();
+  /// Marks what is typed as no date.
+  void showUnreadable(bool unreadable);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  void makeCalendar();
+
+  QFrame* popup_ = nullptr;
+  QCalendarWidget* calendar_ = nullptr;
+};
+
+}  // namespace zelvo

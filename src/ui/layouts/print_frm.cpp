@@ -1,0 +1,34 @@
+#include "ui/layouts/layouts.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr LayoutRow kPrintFrmRows[] = {
+    group(),
+    field("Label1"),
+    field("Combo1", {}, 34),
+    group("Printing"),
+    field("Check1"),
+    field("Check2"),
+    field("Check3"),
+    group("Page"),
+    field("Label2"),
+    beside("Text1", {}, 6),
+    field("Label3"),
+    beside("Text2", {}, 6),
+    field("Label4"),
+    beside("Text3", {}, 6),
+    field("Label5"),
+    beside("Text4", {}, 6),
+    field("Label6"),
+    beside("Combo2", {}, 6),
+    foot("cmdPrint", Glyph::Print),
+    foot("cmdCancel"),
+};
+
+}  // namespace
+
+const Layout kPrintFrmLayout{"PrintFrm", kPrintFrmRows};
+
+}  // namespace zelvo

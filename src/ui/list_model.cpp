@@ -1,0 +1,62 @@
+#include "ui/list_model.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zelvo {
+
+namespace {
+
+bool sameColumns(const std::vector<ListColumn>& a, const std::vector<ListColumn>& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const ListColumn& x, const ListColumn& y) {
+    return x.caption == y.caption && x.width == y.width && x.toRight == y.toRight;
+  });
+}
+
+}  // namespace
+
+bool ListModel::follow(const ListView& list) {
+  const std::size_t count = list.count();
+  if (rows_ == list.rows && revision_ == list.revision && count_ == count && sameColumns(columns_, list.columns))
+    return false;
+  beginResetModel();
+  columns_ = list.columns;
+  rows_ = list.rows;
+  revision_ = list.revision;
+  count_ = count;
+  endResetModel();
+  return true;
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+  constexpr std::size_t kMost = std::numeric_limits<int>::max() / 64;  // a table widget measures its rows in pixels
+  return parent.isValid() ? 0 : static_cast<int>(std::min(count_, kMost));
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || !rows_)
+    return {};
+  const auto column = static_cast<std::size_t>(index.column());
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+    return QString::fromStdString(rows_->cell(static_cast<std::size_t>(index.row()), column));
+  if (role == Qt::TextAlignmentRole)
+    return QVariant::fromValue(Qt::AlignVCenter | (columns_[column].toRight ? Qt::AlignRight : Qt::AlignLeft));
+  return {};
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= static_cast<int>(columns_.size()))
+    return {};
+  const ListColumn& column = columns_[static_cast<std::size_t>(section)];
+  if (role == Qt::DisplayRole)
+    return QString::fromStdString(column.caption);
+  if (role == Qt::TextAlignmentRole)
+    return QVariant::fromValue(Qt::AlignVCenter | (column.toRight ? Qt::AlignRight : Qt::AlignLeft));
+  return {};
+}
+
+}  // namespace zelvo

@@ -1,0 +1,132 @@
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QTableView>
+#include <utility>
+
+#include "ui/control_view.h"
+#include "ui/list_model.h"
+#include "ui/style.h"
+
+namespace zelvo {
+
+namespace {
+
+// The table of a list. It tells which row the user went to, by mouse or by key, and which one he opens.
+class RowsTable : public QTableView {
+ public:
+  explicit RowsTable(QWidget* parent) : QTableView(parent) {
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 7);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setHighlightSections(false);
+  }
+
+  std::function<void(std::size_t)> wentTo;
+  std::function<void(std::size_t)> opens;
+
+ protected:
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    QTableView::mouseReleaseEvent(event);
+    if (!std::exchange(opened_, false))  // the second release of a double click chooses nothing anew
+      tellRow(wentTo);
+  }
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    QTableView::mouseDoubleClickEvent(event);
+    opened_ = true;
+    tellRow(opens);
+  }
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      tellRow(opens);
+      return;
+    }
+    const int before = currentIndex().row();
+    QTableView::keyPressEvent(event);
+    if (currentIndex().row() != before)
+      tellRow(wentTo);
+  }
+
+ private:
+  void tellRow(const std::function<void(std::size_t)>& told) {
+    if (currentIndex().isValid())
+      told(static_cast<std::size_t>(currentIndex().row()));
+  }
+
+  bool opened_ = false;
+};
+
+class RowsView : public ControlView {
+ public:
+  RowsView(ListView& list, UserActions& actions, QWidget* parent)
+      : ControlView(list, actions), list_(list), widget_(new RowsTable(parent)), model_(new ListModel(widget_)) {
+    widget_->setModel(model_);
+    widget_->wentTo = [this](std::size_t row) { chose(row, false); };
+    widget_->opens = [this](std::size_t row) { chose(row, true); };
+    watchFocus(widget_);
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    if (model_->follow(list_)) {
+      shown_.reset();
+      showWidths();
+    }
+    if (shown_ == list_.selected)
+      return;
+    shown_ = list_.selected;
+    if (!shown_ || *shown_ >= static_cast<std::size_t>(model_->rowCount())) {
+      widget_->clearSelection();
+      widget_->setCurrentIndex({});
+      return;
+    }
+    const auto index = model_->index(static_cast<int>(*shown_), 0);
+    widget_->setCurrentIndex(index);
+    widget_->selectRow(index.row());
+    widget_->scrollTo(index, QAbstractItemView::EnsureVisible);
+  }
+
+ private:
+  void chose(std::size_t row, bool open) {
+    shown_ = row;
+    if (open)
+      user.opensRow(list_, row);
+    else
+      user.chooses(list_, row);
+  }
+
+  // The office's widths are a beginning: what the user pulls wider stays so while the columns are the same.
+  void showWidths() {
+    std::vector<int> widths;
+    for (const ListColumn& column : list_.columns)
+      widths.push_back(column.width);
+    if (widths == widths_)
+      return;
+    widths_ = widths;
+    for (std::size_t column = 0; column < widths_.size(); ++column)
+      widget_->setColumnWidth(static_cast<int>(column), charactersWide(widths_[column]) + 16);
+  }
+
+  ListView& list_;
+  RowsTable* widget_;
+  ListModel* model_;
+  std::optional<std::size_t> shown_;
+  std::vector<int> widths_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeListView(ListView& list, UserActions& user, QWidget* parent) {
+  return std::make_unique<RowsView>(list, user, parent);
+}
+
+}  // namespace zelvo

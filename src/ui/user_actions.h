@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+#include "form/control.h"
+
+namespace zelvo {
+
+/// What the user does with the widgets of one window, on its way to the screen. After each call the widget may be gone
+/// or show something else: a caller returns at once.
+class UserActions {
+ public:
+  virtual ~UserActions() = default;
+  virtual void sets(Control& control, const std::string& value) = 0;
+  virtual void clicks(Control& control) = 0;
+  virtual void leaves(Control& control) = 0;
+  virtual void chooses(ListView& list, std::size_t row) = 0;
+  virtual void opensRow(ListView& list, std::size_t row) = 0;
+  /// What was typed cannot be taken; said at the foot of the window.
+  virtual void complains(const std::string& why) = 0;
+};
+
+}  // namespace zelvo

@@ -1,0 +1,179 @@
+#include <gtest/gtest.h>
+
+#include "data/recordset.h"
+#include "shell/menu_frm.h"
+#include "shell/record_openings.h"
+#include "shell/shell_screens.h"
+#include "shell/users.h"
+#include "support/scripted_desk.h"
+#include "support/temp_folder.h"
+
+namespace zelvo {
+namespace {
+
+class MainMenu : public ::testing::Test {
+ protected:
+  MainMenu() {
+    learnShellScreens(desk.screens);
+    desk.session.programFolder = folder.file("program");
+    desk.session.dataFolder = folder.file("data");
+    std::filesystem::create_directories(desk.session.programFolder);
+    std::filesystem::create_directories(desk.session.dataFolder);
+    desk.session.defaultBrowser = "/bin/true ";
+    desk.session.defaultBrowserFound = true;
+  }
+  MenuFrm& menu() { return dynamic_cast<MenuFrm&>(*desk.screens.open("MenuFrm")); }
+  /// A stand-in for a screen of another room.
+  void learn(std::string_view name) {
+    desk.screens.learn(name, [name](Desk& its) { return std::make_unique<Screen>(its, name, name); });
+  }
+
+  TempFolder folder;
+  testing::ScriptedDesk desk;
+};
+
+TEST_F(MainMenu, fitsTheUserAndTheComputersPart) {
+  learn("PrefFrm");
+  EXPECT_FALSE(menu().userClicks(desk.control(menu(), "defaults")).ok());
+  EXPECT_EQ(desk.shown(menu(), "hittheroad"), "Homebound..");
+  EXPECT_EQ(desk.shown(menu(), "remotein"), "Read from Master..");
+  desk.screens.close(menu());
+  desk.session.administrator = desk.session.masterComputer = true;
+  EXPECT_EQ(desk.shown(menu(), "hittheroad"), "Hit the Road..");
+  EXPECT_EQ(desk.shown(menu(), "remotein"), "Collect from Field..");
+  desk.click(menu(), "defaults");
+  EXPECT_EQ(desk.screens.front()->name(), "PrefFrm");
+}
+
+TEST_F(MainMenu, everyRecordScreenStartsOnItsOwnTable) {
+  const std::pair<std::string_view, std::string_view> clicks[] = {
+      {"permits", "APermits"},       {"permitsz", "ZPermits"},   {"inspections", "BInspections"},
+      {"affidavits", "CAffidavits"}, {"certs", "CCertificates"}, {"violations", "CViolations"},
+      {"Image9", "FInspections"},    {"Image1", "APermits"},     {"zopermits", "ZPermits"}};
+  for (const auto& [control, screen] : clicks) {
+    learn(screen);
+    desk.click(menu(), control);
+    EXPECT_EQ(desk.screens.front()->name(), screen) << control;
+  }
+  for (const RecordOpening& opening : recordOpenings()) {
+    const CurrentQuery& query = desk.session.queryFor(opening.slot);
+    EXPECT_NE(query.connection.find(opening.file), std::string::npos) << opening.screen;
+    auto connection = Connection::open(query.connection);
+    ASSERT_TRUE(connection) << opening.screen << ": " << connection.error().message;
+    EXPECT_TRUE(Recordset::open(*connection, query.query)) << opening.screen;
+  }
+  desk.session.queryFor(QuerySlot::Permits).query = "a search";
+  desk.click(menu(), "permits");
+  EXPECT_EQ(desk.session.queryFor(QuerySlot::Permits).query, "a search") << "an open screen keeps it";
+}
+
+TEST_F(MainMenu, saysWhatItCannotDo) {
+  desk.session.administrator = true;
+  std::string tool = folder.file("program/converter.exe");
+  desk.expect("Zelvo", "\"Violations\" is not part of this program yet.");
+  desk.click(menu(), "violations");
+  desk.expect("Zelvo", "\"Homebound\" is not part of this program yet.");
+  desk.click(menu(), "hittheroad");
+  desk.expect("Zelvo", "The program " + tool + " is not there. ...");
+  desk.click(menu(), "convert");
+  desk.expect("Zelvo", "The file " + folder.file("program/contact.htm") + " is not there. ...");
+  desk.click(menu(), "contact");
+  learn("APermits");
+  std::filesystem::remove_all(folder.file("data"));
+  folder.write("data", "a file where the folder should be");
+  desk.expect("Zelvo", "...");
+  desk.click(menu(), "permits");
+  EXPECT_EQ(desk.screens.find("APermits"), nullptr);
+
+  folder.write("program/converter.exe", "x");
+  folder.write("program/Contact.htm", "x");
+  desk.click(menu(), "convert");
+  desk.click(menu(), "contact");
+  EXPECT_EQ(desk.started, (std::vector<std::string>{"\"" + tool + "\"",
+                                                    "\"/bin/true\" \"" + folder.file("program/Contact.htm") + "\""}));
+}
+
+TEST_F(MainMenu, mapTakesPlainDegreesOnly) {
+  desk.when("coordsfrm", [this](Screen& place) {
+    const std::pair<std::string_view, std::string_view> refused[] = {
+        {"", "-74"}, {"41", ""}, {"91", "0"}, {"41", "-180.5"}, {"41 30", "0"}, {"4e1", "0"}, {"41;rm", "0"}};
+    for (const auto& [latitude, longitude] : refused) {
+      desk.set(place, "Text1", latitude);
+      desk.set(place, "Text2", longitude);
+      desk.expect(" Coordinates", "Please give the ...");
+      desk.click(place, "cmdOK");
+      ASSERT_TRUE(desk.screens.isOpen(place)) << latitude << " " << longitude;
+    }
+    desk.set(place, "Text1", " 41.50 ");
+    desk.set(place, "Text2", "-74.0104");
+    desk.click(place, "cmdOK");
+  });
+  desk.click(menu(), "maplookup");
+  ASSERT_EQ(desk.started.size(), 1u);
+  EXPECT_TRUE(desk.started[0].starts_with("\"/bin/true\" http")) << desk.started[0];
+  EXPECT_TRUE(desk.started[0].ends_with("/gps.htm?txtLat=41.50&txtLong=-74.0104&txtZoom=17")) << desk.started[0];
+  desk.when("coordsfrm", [this](Screen& place) { desk.click(place, "cmdCancel"); });
+  desk.click(menu(), "Image6");
+  EXPECT_EQ(desk.started.size(), 1u);
+}
+
+TEST_F(MainMenu, ownPasswordIsStoredAtOnceWithoutNewRights) {
+  desk.session.users = {scrambled(User{"Boss", "x", "ADMIN"}), scrambled(User{"Smith", "Abc", "SUPERVISOR"})};
+  desk.session.userSlot = 2;
+  desk.session.rights = "SUPERVISOR";
+  desk.when("UserEdit", [this](Screen& edit) {
+    EXPECT_EQ(desk.shown(edit, "Text1"), "SMITH");
+    EXPECT_FALSE(edit.userSets(desk.control(edit, "Combo1"), "ADMIN").ok());
+    desk.set(edit, "Text2", "   ");
+    desk.expect(" Missing user password", "You must assign an initial password for the user to log on.");
+    desk.click(edit, "Command1");
+    desk.set(edit, "Text2", "new");
+    desk.click(edit, "Command1");
+  });
+  desk.click(menu(), "changepsw");
+  Session read;
+  read.programFolder = desk.session.programFolder;
+  ASSERT_TRUE(readUsers(read));
+  EXPECT_EQ(scrambled(read.users[1].password), "new");
+  EXPECT_EQ(scrambled(read.users[1].access), "SUPERVISOR");
+  EXPECT_EQ(scrambled(read.users[0].name), "Boss");
+
+  desk.when("UserEdit", [this](Screen& edit) {
+    desk.set(edit, "Text2", "unwritten");
+    desk.click(edit, "Command1");
+  });
+  std::filesystem::remove_all(folder.file("program"));
+  desk.expect("Zelvo", "...");
+  desk.click(menu(), "changepsw");
+  EXPECT_EQ(scrambled(desk.session.users[1].password), "new") << "what cannot be stored does not hold";
+}
+
+/// A record screen whose user is not done yet.
+class Unsaved : public Screen {
+ public:
+  explicit Unsaved(Desk& its) : Screen(its, "Unsaved", "") {}
+  bool done = false;
+  void Form_Close() override {
+    if (done)
+      closeMe();
+  }
+};
+
+TEST_F(MainMenu, quitClosesAllScreensUnlessOneStays) {
+  desk.session.screenChanged = desk.displaySwitched = true;
+  desk.session.masterComputer = true;
+  desk.screens.learn("Unsaved", [](Desk& its) { return std::make_unique<Unsaved>(its); });
+  MenuFrm& main = menu();
+  auto& unsaved = dynamic_cast<Unsaved&>(*desk.screens.open("Unsaved"));
+  main.userCloses();
+  EXPECT_FALSE(desk.desk.ended());
+  EXPECT_TRUE(desk.screens.isOpen(main) && desk.displaySwitched);
+  unsaved.done = true;
+  desk.click(main, "Quit");
+  EXPECT_EQ(desk.session.ended, "quit");
+  EXPECT_TRUE(desk.screens.all().empty());
+  EXPECT_FALSE(desk.displaySwitched);
+}
+
+}  // namespace
+}  // namespace zelvo

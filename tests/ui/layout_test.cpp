@@ -1,0 +1,84 @@
+#include "ui/layout.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QShortcut>
+
+#include "sample_screen.h"
+
+namespace zelvo::testing {
+namespace {
+
+struct Disagreement {
+  const char* what;
+  std::vector<LayoutRow> rows;
+  const char* says;
+};
+
+class LayoutTest : public WindowTest {
+ protected:
+  std::vector<LayoutRow> whole() const {
+    return {field("Text1(2)"), field("Text1(18)", "&Owner"), field("Combo1"), field("Combo2"), field("DTPicker1"),
+            field("Check3"),   field("Text2"),               field("ListView1"), foot("ask"), foot("cmdOK"), foot("Quit")};
+  }
+};
+
+TEST_F(LayoutTest, AWholeLayoutAndTheOneMadeForScreensWithoutATableHaveNoProblems) {
+  const auto rows = whole();
+  EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", rows}), std::vector<std::string>{});
+  const StackedLayout stacked(*screen);
+  EXPECT_EQ(layoutProblems(*screen, stacked.layout()), std::vector<std::string>{});
+}
+
+TEST_F(LayoutTest, DisagreementsAreNamed) {
+  const std::pair<LayoutRow, const char*> table[] = {
+      {field("Text1(99)"), "Text1(99) is placed, but the screen has no such control"},
+      {field("Text1(18)"), "Text1(18) is placed 2 times"},
+      {page(0), "page 0 is laid out, but the screen has 0 pages"},
+  };
+  for (const auto& [row, problem] : table) {
+    auto rows = whole();
+    rows.push_back(row);
+    EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", rows}), std::vector<std::string>{problem});
+  }
+  auto rows = whole();
+  rows[2] = field("Combo1", "&Date of it");
+  EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", rows}),
+            std::vector<std::string>{"the access key D is given to Combo1 and to Check3"});
+  rows.erase(rows.begin() + 2);
+  EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", rows}), std::vector<std::string>{"Combo1 is placed nowhere"});
+  EXPECT_EQ(layoutProblems(*screen, {"OtherFrm", whole()}).front(), "the layout of OtherFrm is none of SampleFrm");
+}
+
+/// Only builds: nobody does anything in it.
+struct Nobody : UserActions {
+  void sets(Control&, const std::string&) override {}
+  void clicks(Control&) override {}
+  void leaves(Control&) override {}
+  void chooses(ListView&, std::size_t) override {}
+  void opensRow(ListView&, std::size_t) override {}
+  void complains(const std::string&) override {}
+};
+
+TEST_F(LayoutTest, CaptionsLeadToTheirFieldsAndForgottenControlsAreStillThere) {
+  const std::vector<LayoutRow> rows = {group("Owner"), field("Text1(18)", "&Owner", 20), foot("cmdOK")};
+  QMainWindow built;
+  Nobody nobody;
+  const BuiltForm form = buildForm(built, *screen, {"SampleFrm", rows}, nobody);
+  for (const auto& view : form.views)
+    view->refresh();
+  const auto* box = built.findChild<QLineEdit*>("Text1(18)");
+  ASSERT_TRUE(box);
+  QLabel* caption = nullptr;
+  for (QLabel* label : built.findChildren<QLabel*>())
+    if (label->buddy() == box)
+      caption = label;
+  ASSERT_TRUE(caption);
+  EXPECT_EQ(caption->text(), "&Owner *") << "marked, since it must be filled";
+  for (const Control* control : screen->controls())
+    EXPECT_TRUE(built.findChild<QObject*>(QString::fromStdString(control->id()))) << control->id();
+  delete built.takeCentralWidget();
+}
+
+}  // namespace
+}  // namespace zelvo::testing
