@@ -24,12 +24,13 @@ std::string programFolderOf(const QApplication& app) {
 }
 
 // A second copy of the program calls the first one, whose windows then come to the front.
-std::unique_ptr<QSocketNotifier> watchForSecondCopy(zelvo::SingleInstance& instance) {
-  if (instance.descriptor() < 0)
-    return nullptr;
-  auto notifier = std::make_unique<QSocketNotifier>(instance.descriptor(), QSocketNotifier::Read);
-  QObject::connect(notifier.get(), &QSocketNotifier::activated, [&instance] { instance.poll(); });
-  return notifier;
+void watchForSecondCopy(zelvo::StartUp& startUp, std::unique_ptr<QSocketNotifier>& notifier) {
+  startUp.watchGuard = [&notifier](zelvo::SingleInstance& instance) {
+    if (instance.descriptor() < 0)
+      return;
+    notifier = std::make_unique<QSocketNotifier>(instance.descriptor(), QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, [&instance] { instance.poll(); });
+  };
 }
 
 }  // namespace
@@ -46,10 +47,9 @@ int main(int argc, char** argv) {
   zelvo::QtHouse windows(session, screens);
   zelvo::House house(windows.desk);
   zelvo::StartUp startUp(windows.desk, programFolder);
-  startUp.Main();
   std::unique_ptr<QSocketNotifier> secondCopies;
-  if (startUp.instance())
-    secondCopies = watchForSecondCopy(*startUp.instance());
+  watchForSecondCopy(startUp, secondCopies);
+  startUp.Main();
   if (!windows.desk.ended())
     windows.face.run();
   for (zelvo::Screen* screen : screens.all())

@@ -18,8 +18,8 @@ namespace {
 template <std::size_t N>
 using Indexes = std::array<std::string_view, N>;
 
-// Beside its key a table has an index for what the screens look its rows up by: the parcel, the record they belong to, and
-// the order in which it is browsed.
+// Beside its key a table has an index for what the screens look its rows up by: the parcel, the record they belong to,
+// and the order in which it is browsed.
 constexpr Indexes<1> onParcel = {"SEC,BLK,LOT"};
 constexpr Indexes<2> onPermit = {"SEC,BLK,LOT", "PERMIT"};
 constexpr Indexes<3> onCertificate = {"SEC,BLK,LOT", "PERMIT", "CERTOCCN"};

@@ -7,8 +7,8 @@
 
 namespace zelvo {
 
-// The catalogue: every database, table and column of the office's records, in one place. Blank databases, field descriptor
-// lists, the copying between screen and record, and the searches all come from it.
+// The catalogue: every database, table and column of the office's records, in one place. Blank databases, field
+// descriptor lists, the copying between screen and record, and the searches all come from it.
 
 enum class ColumnType {
   Text,     ///< at most `length` characters
@@ -37,7 +37,7 @@ struct Table {
   std::span<const Column> columns;
   std::span<const std::string_view> indexes;  ///< further indexes: columns separated by commas
 
-  const Column* find(std::string_view column) const;  ///< null when it has no such column; any case
+  const Column* find(std::string_view column) const;    ///< null when it has no such column; any case
   std::size_t position(std::string_view column) const;  ///< from 0; columns.size() when it has no such column
 };
 

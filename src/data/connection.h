@@ -18,8 +18,8 @@ class Engine;  // one of the stores behind the door
 /// engine stands behind it. Connections are not shared between screens.
 class Connection {
  public:
-  /// Opens the database that a connection text names ("PROVIDER=...;Data Source=<path>;"). It must exist. Errors say what
-  /// the file is when it is no database of ours, and what to do.
+  /// Opens the database that a connection text names ("PROVIDER=...;Data Source=<path>;"). It must exist. Errors say
+  /// what the file is when it is no database of ours, and what to do.
   static Result<std::shared_ptr<Connection>> open(std::string_view connectionText);
   ~Connection();
 
@@ -44,7 +44,8 @@ class Connection {
   };
   Result<Transaction> begin();
 
-  /// Whether a row answers the condition, in the office's dialect ("[PERMIT] = '25-134'"), by its index where there is one.
+  /// Whether a row answers the condition, in the office's dialect ("[PERMIT] = '25-134'"), by its index where there is
+  /// one.
   Result<bool> exists(std::string_view table, std::string_view condition);
 
   Engine& engine() { return *engine_; }
@@ -57,8 +58,8 @@ class Connection {
 /// Makes an empty database file with the table and its indexes. Refuses to touch a file that is there.
 Result<void> createDatabase(std::string_view path, const Table& table);
 
-/// Copies a database as it stands between two changes, whoever works in it meanwhile. Databases are never copied as mere
-/// files: that would catch a change half made, and drop the locks that this program holds. Refuses to touch a file
+/// Copies a database as it stands between two changes, whoever works in it meanwhile. Databases are never copied as
+/// mere files: that would catch a change half made, and drop the locks that this program holds. Refuses to touch a file
 /// that is there.
 Result<void> copyDatabase(std::string_view from, std::string_view to);
 

@@ -40,12 +40,16 @@ Result<void> makeBlank(std::string_view programFolder, const Table& table) {
   return unlessThere(createDatabase(path, table), path);
 }
 
-/// Where the program's own folder may not be written, an empty database is made straight in its place.
+/// Where the program's own folder may not be written, or still holds blanks of the office's old engine, an empty
+/// database is made straight in its place.
 Result<void> putBlank(std::string_view programFolder, const Table& table, const std::string& path) {
-  if (!makeBlank(programFolder, table))
-    return unlessThere(createDatabase(path, table), path);
-  const std::string blank = joinPath(joinPath(programFolder, blanksFolder), table.file);
-  return unlessThere(copyDatabase(blank, path), path);
+  if (makeBlank(programFolder, table)) {
+    const std::string blank = joinPath(joinPath(programFolder, blanksFolder), table.file);
+    const auto copied = unlessThere(copyDatabase(blank, path), path);
+    if (copied || copied.error().trouble != Trouble::NotOurs)
+      return copied;
+  }
+  return unlessThere(createDatabase(path, table), path);
 }
 
 Result<std::string> ensureIn(std::string_view folder, std::string_view programFolder, std::string_view file) {
@@ -54,8 +58,9 @@ Result<std::string> ensureIn(std::string_view folder, std::string_view programFo
     return path;
   const Table* table = findTableOfFile(fileNameOf(file));
   if (!table)
-    return Error{Trouble::NotFound, "The file \"" + path + "\" is not there, and it is none of the office's databases. "
-                                                           "Check the data folder in the preferences."};
+    return Error{Trouble::NotFound, "The file \"" + path +
+                                        "\" is not there, and it is none of the office's databases. "
+                                        "Check the data folder in the preferences."};
   if (auto put = putBlank(programFolder, *table, path); !put)
     return put.error();
   return path;

@@ -4,10 +4,10 @@
 
 namespace zelvo {
 
-/// Finds the databases at start-up: the folder of the settings, or the program folder's "\databases" when that folder holds no database
-/// at all; every missing one of the eight main files is replaced by its blank from "\wrk" (made from the catalogue when
-/// the blank is missing too). One message when anything was not where it should be. Afterwards the session's data
-/// folder and parcel layout number are set. An error says which file could not be put in place and why.
+/// Finds the databases at start-up: the folder of the settings, or the program folder's "\databases" when that folder
+/// holds no database at all; every missing one of the eight main files is replaced by its blank from "\wrk" (made from
+/// the catalogue when the blank is missing too). One message when anything was not where it should be. Afterwards the
+/// session's data folder and parcel layout number are set. An error says which file could not be put in place and why.
 Result<void> resolveDataFolder(Desk& desk);
 
 /// Makes the blank databases of a "\wrk" folder that are not there yet.

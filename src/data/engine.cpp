@@ -4,9 +4,10 @@ namespace zelvo {
 
 Result<void> Engine::begin() {
   if (transaction_)
-    return Error{Trouble::Failed, "The changes to \"" + path() +
-                                      "\" cannot be begun: others are under way in the same screen. Store those or give "
-                                      "them up first."};
+    return Error{Trouble::Failed,
+                 "The changes to \"" + path() +
+                     "\" cannot be begun: others are under way in the same screen. Store those or give "
+                     "them up first."};
   if (auto begun = doBegin(); !begun)
     return begun;
   transaction_ = std::make_shared<Outcome>(Outcome::Open);

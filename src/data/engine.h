@@ -28,9 +28,9 @@ struct Keyset {
 /// What became of a transaction.
 enum class Outcome { Open, Kept, GivenUp };
 
-/// A store behind the door: one database that is open. Every call is whole: it leaves no statement half read, so that no other
-/// computer waits for what somebody looks at. What changes the store joins the open transaction, or is one of its own. Errors
-/// name the file, what was wrong and what to do.
+/// A store behind the door: one database that is open. Every call is whole: it leaves no statement half read, so that
+/// no other computer waits for what somebody looks at. What changes the store joins the open transaction, or is one of
+/// its own. Errors name the file, what was wrong and what to do.
 class Engine {
  public:
   virtual ~Engine() = default;
@@ -47,10 +47,11 @@ class Engine {
   /// The rows of these ids, in their order; one that is gone comes as an empty row.
   virtual Result<std::vector<Row>> rows(const Table& table, std::span<const RowId> ids) = 0;
 
-  /// The values must fit their columns. A counter that is null is handed out; it is the id of its row. Trouble::Duplicate when
-  /// the key is in use.
+  /// The values must fit their columns. A counter that is null is handed out; it is the id of its row.
+  /// Trouble::Duplicate when the key is in use.
   virtual Result<RowId> insert(const Table& table, const Row& row) = 0;
-  /// Writes what `typed` has different from `read`; Trouble::Conflict when the row is no longer as it was read, or gone.
+  /// Writes what `typed` has different from `read`; Trouble::Conflict when the row is no longer as it was read, or
+  /// gone.
   virtual Result<void> update(const Table& table, RowId id, const Row& read, const Row& typed) = 0;
   virtual Result<void> remove(const Table& table, RowId id, const Row& read) = 0;
   /// All rows or none. `nextRow` fills the values of the columns at these positions; they are made to fit.

@@ -27,7 +27,7 @@ Value fittedText(const Column& column, const Value& value) {
 Result<Value> fittedDate(const Column& column, const Value& value) {
   if (value.isText() && trim(value.text()).empty())
     return Value();
-  const auto moment = value.isNumber() ? std::nullopt : value.moment();
+  const auto moment = value.moment();
   if (!moment || !isMoment(*moment))
     return refused(column, value, "it is no date. Type month, day and year, as 3/15/2026.");
   return Value(*moment);

@@ -16,8 +16,7 @@ Error goneFrom(const Table& table) {
 
 std::size_t counterOf(const Table& table) {
   const auto is = [](const Column& column) { return column.type == ColumnType::Counter; };
-  return static_cast<std::size_t>(std::find_if(table.columns.begin(), table.columns.end(), is) -
-                                  table.columns.begin());
+  return static_cast<std::size_t>(std::find_if(table.columns.begin(), table.columns.end(), is) - table.columns.begin());
 }
 
 }  // namespace
@@ -145,7 +144,7 @@ void Recordset::Inside::takeBack() {
   if (typed && !adding && here != noRow)
     return typeAgain(here, std::move(*typed));
   if (stayed && changes.back().kind != Change::Kind::Removed)
-    return typeAgain(changes.back().key, std::move(changes.back().typed));
+    return typeAgain(changes.back().key, changes.back().typed);
   current.reset();
   const std::ptrdiff_t found = here == noRow ? end() : placeOf(here);
   place = found < end() ? found : std::min(place, end());
@@ -159,8 +158,8 @@ void Recordset::Inside::takeBackKey(const Change& change) {
     keys.insert(keys.begin() + std::min(change.place, end()), change.key);
 }
 
-// Whoever stored a row and stands on it still finds it as it was typed, to be stored again: as a new row when it was one, else
-// as a change of the row that was read.
+// Whoever stored a row and stands on it still finds it as it was typed, to be stored again: as a new row when it was
+// one, else as a change of the row that was read.
 void Recordset::Inside::typeAgain(RowId row, Row values) {
   const auto first = std::find_if(changes.begin(), changes.end(), [&](const Change& own) { return own.key == row; });
   typed = std::move(values);

@@ -24,7 +24,8 @@ const Row& RowPages::row(std::span<const RowId> keys, std::size_t position) {
 }
 
 RowPages::Page& RowPages::pageOf(std::span<const RowId> keys, std::size_t number) {
-  const auto found = std::find_if(pages_.begin(), pages_.end(), [&](const Page& page) { return page.number == number; });
+  const auto found =
+      std::find_if(pages_.begin(), pages_.end(), [&](const Page& page) { return page.number == number; });
   if (found == pages_.end()) {
     pages_.push_front(fetch(keys, number));
     if (pages_.size() > mostPages)

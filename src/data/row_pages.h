@@ -9,14 +9,14 @@
 
 namespace zelvo {
 
-/// The rows that were looked at last, in pages of 100, a few pages at a time. A page is read anew when it is older than a
-/// moment, so that a screen does not go on showing what another computer changed long since.
+/// The rows that were looked at last, in pages of 100, a few pages at a time. A page is read anew when it is older than
+/// a moment, so that a screen does not go on showing what another computer changed long since.
 class RowPages {
  public:
   RowPages(Engine& engine, const Table& table) : engine_(engine), table_(table) {}
 
-  /// The row at a position of the keys; an empty row when it is not in the store any more. Throws StoreError. Good until the
-  /// next call.
+  /// The row at a position of the keys; an empty row when it is not in the store any more. Throws StoreError. Good
+  /// until the next call.
   const Row& row(std::span<const RowId> keys, std::size_t position);
   /// The row changed, or is to be seen as it is in the store now.
   void forget(std::size_t position);

@@ -129,8 +129,10 @@ bool ParagraphLook::take(const RtfToken& token) {
 }
 
 void ParagraphLook::addTab(int position) {
+  constexpr std::size_t mostTabs = 64;  // more come from broken files only
   nextTab_.position = position;
-  style.tabs.push_back(nextTab_);
+  if (style.tabs.size() < mostTabs)
+    style.tabs.push_back(nextTab_);
   nextTab_ = TabStop{};
 }
 

@@ -1,5 +1,7 @@
 #include "form/desk.h"
 
+#include <utility>
+
 #include "base/files.h"
 #include "base/text.h"
 
@@ -34,26 +36,36 @@ std::string programToStart(std::string program) {
   return program;
 }
 
-std::string commandFor(Desk& desk, std::string_view target) {
+// Nothing when no program on this computer opens such a document.
+std::optional<std::string> commandFor(Desk& desk, std::string_view target) {
   if (upper(left(target, 4)) == "HTTP")
     return quoted(trim(desk.session.defaultBrowser)) + " " + std::string(target);
   const std::string ending = upper(right(target, 3));
   if (ending == "EXE" || ending == "BAT" || ending == "COM")
     return std::string(target);
-  return quoted(programToStart(desk.desktop.programFor(target).value_or(""))) + " " + quoted(target);
+  const auto program = desk.desktop.programFor(target);
+  if (!program)
+    return std::nullopt;
+  return quoted(programToStart(*program)) + " " + quoted(target);
 }
 
 }  // namespace
 
 void Desk::end(std::string_view why) {
-  if (!session.ended)
-    session.ended = std::string(why);
+  if (ended())
+    return;
+  session.ended = std::string(why);
+  if (std::exchange(session.screenChanged, false))
+    desktop.restoreDisplay();
 }
 
 void OpenDocument(Desk& desk, std::string_view target) {
   if (refuseWithoutBrowser(desk))
     return;
-  if (const auto started = desk.desktop.start(commandFor(desk, target)); !started)
+  const auto command = commandFor(desk, target);
+  if (!command)
+    return desk.messages.tell(kTitle, "No program on this computer opens " + fileNameOf(target) + ".", Icon::Exclamation);
+  if (const auto started = desk.desktop.start(*command); !started)
     desk.messages.tell(kTitle, started.error().message, Icon::Critical);
 }
 

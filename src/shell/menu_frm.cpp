@@ -185,7 +185,7 @@ void MenuFrm::ExitApp() {
   if (!closeOtherScreens())
     return;
   closeMe();
-  endProgram(desk, "quit");
+  desk.end("quit");
 }
 
 bool MenuFrm::closeOtherScreens() {
@@ -201,13 +201,6 @@ bool MenuFrm::closeOtherScreens() {
 
 void MenuFrm::tell(const Error& error) {
   desk.messages.tell(kTitle, error.message, Icon::Exclamation);
-}
-
-void endProgram(Desk& desk, std::string_view why) {
-  if (desk.session.screenChanged)
-    desk.desktop.restoreDisplay();
-  desk.session.screenChanged = false;
-  desk.end(why);
 }
 
 }  // namespace zelvo

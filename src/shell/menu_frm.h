@@ -55,7 +55,4 @@ class MenuFrm : public Screen {
   std::deque<MenuEntry> entries_;
 };
 
-/// The end of the program, from the menu or before it: the display is put back first, when it was switched.
-void endProgram(Desk& desk, std::string_view why);
-
 }  // namespace zelvo

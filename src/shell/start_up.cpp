@@ -57,7 +57,7 @@ void StartUp::Main() {
   desk_.face.busy(false);
   desk_.face.busy(true);
   if (!signIn())
-    return endProgram(desk_, "sign-in given up");
+    return desk_.end("sign-in given up");
   showLoading();
   SetupDesktopCover();
   readBrowser();

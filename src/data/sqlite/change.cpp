@@ -17,7 +17,10 @@ Error givenUp(const Database& database) {
 
 // ---- the engine's own transaction
 
+// SQLite begins to write to a read-only file without a word, and fails at the first row.
 Result<void> SqliteEngine::doBegin() {
+  if (sqlite3_db_readonly(database_->handle(), "main") == 1)
+    return database_->trouble(FileDeed::Write, SQLITE_READONLY);
   return database_->execute("begin immediate");
 }
 

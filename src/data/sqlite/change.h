@@ -4,8 +4,8 @@
 
 namespace zelvo::sqlite {
 
-/// A change of the database, begun by taking the file for writing: part of the engine's transaction when one is open, else
-/// one of its own. What is not kept is given up whole.
+/// A change of the database, begun by taking the file for writing: part of the engine's transaction when one is open,
+/// else one of its own. What is not kept is given up whole.
 class SqliteEngine::Change {
  public:
   explicit Change(SqliteEngine& engine) : engine_(engine), joined_(engine.transaction() != nullptr) {}

@@ -82,7 +82,7 @@ Result<void> make(std::string_view path, const std::function<Result<void>(Databa
   if (auto begun = file.begin(); !begun)
     return begun;
   {
-    auto database = Database::open(file.beside(), Database::Mode::ReadWrite);
+    auto database = Database::open(file.beside(), Database::Mode::Create);
     if (!database)
       return file.named(database.error());
     if (auto filled = fill(**database); !filled)
@@ -106,9 +106,8 @@ Result<void> pour(Database& from, Database& to) {
 }  // namespace
 
 Result<void> createFile(std::string_view path, const Table& table) {
-  return make(path, [&](Database& database) {
-    return database.execute("begin immediate;" + creation(table) + "commit");
-  });
+  return make(path,
+              [&](Database& database) { return database.execute("begin immediate;" + creation(table) + "commit"); });
 }
 
 Result<void> copyDatabaseFile(std::string_view from, std::string_view to) {
@@ -117,8 +116,6 @@ Result<void> copyDatabaseFile(std::string_view from, std::string_view to) {
   auto source = mode ? Database::open(name, *mode) : mode.error();
   if (!source)
     return source.error();
-  if (auto checked = checkHead(**source); !checked)
-    return checked;
   return make(to, [&](Database& target) { return pour(**source, target); });
 }
 

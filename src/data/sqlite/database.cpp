@@ -1,6 +1,7 @@
 #include "data/sqlite/database.h"
 
 #include "data/dialect/sqlite_functions.h"
+#include "data/sqlite/file_kind.h"
 #include "data/sqlite/trouble.h"
 
 namespace zelvo::sqlite {
@@ -30,13 +31,15 @@ Result<std::unique_ptr<Database>> Database::open(std::string path, Mode mode, st
   const int code = sqlite3_open_v2(database->path_.c_str(), &database->handle_, flagsOf(mode), nullptr);
   if (code != SQLITE_OK)
     return database->trouble(FileDeed::Read, code);
-  if (auto ready = database->prepareForUse(); !ready)
+  if (auto ready = database->prepareForUse(mode); !ready)
     return ready.error();
   return database;
 }
 
-Result<void> Database::prepareForUse() {
+Result<void> Database::prepareForUse(Mode mode) {
   waiting_.attend(handle_);
+  if (auto looked = mode == Mode::Create ? Result<void>() : checkHead(*this); !looked)
+    return looked;
   if (const int code = dialect::registerDialectFunctions(handle_); code != SQLITE_OK)
     return trouble(FileDeed::Read, code);
   return execute("pragma synchronous = full; pragma mmap_size = 0; pragma page_size = 8192");

@@ -17,12 +17,12 @@ namespace zelvo::sqlite {
 /// How long a computer waits for the others before it says that the file is locked.
 inline constexpr std::chrono::milliseconds usualPatience{12000};
 
-/// An open SQLite file and its prepared statements. A rolled-back journal beside the file, flushed at each commit, is what
-/// keeps the records whole on a shared folder; nothing is mapped into memory there.
+/// An open SQLite file and its prepared statements. A rolled-back journal beside the file, flushed at each commit, is
+/// what keeps the records whole on a shared folder; nothing is mapped into memory there.
 class Database {
  public:
   enum class Mode { ReadOnly, ReadWrite, Create };
-  /// Opens the file as it stands; what kind of file it is has been looked at before.
+  /// Opens a file; unless it is to be filled as a new one, a file that is no database is refused before it is touched.
   static Result<std::unique_ptr<Database>> open(std::string path, Mode mode,
                                                 std::chrono::milliseconds patience = usualPatience);
   Database(const Database&) = delete;
@@ -49,7 +49,7 @@ class Database {
 
  private:
   Database(std::string path, std::chrono::milliseconds patience) : path_(std::move(path)), waiting_(patience) {}
-  Result<void> prepareForUse();
+  Result<void> prepareForUse(Mode mode);
   Result<sqlite3_stmt*> compile(const std::string& sql, unsigned flags);
   void forgetStatements();
 

@@ -60,9 +60,10 @@ Result<void> checkHead(Database& database) {
   if (!head)
     return head.error();
   if (head->empty())
-    return notOurs(database, "it is empty",
-                   "It was not copied to its end: restore it from the backup, or remove it, and an empty database is put "
-                   "in its place.");
+    return notOurs(
+        database, "it is empty",
+        "It was not copied to its end: restore it from the backup, or remove it, and an empty database is put "
+        "in its place.");
   if (std::string_view(*head).substr(0, oldEngineMarkAt + oldEngineMark.size()).ends_with(oldEngineMark))
     return notOurs(database, "it was made by the office's old database engine",
                    "Convert it first, then open it again.");

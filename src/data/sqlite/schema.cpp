@@ -44,7 +44,8 @@ Error notOurs(const Database& database, const std::string& why, std::string_view
   return fileError(FileDeed::Read, database.path(), Trouble::NotOurs, why, advice);
 }
 
-constexpr std::string_view chooseOther = "Restore it from the backup, or choose another data folder in the preferences.";
+constexpr std::string_view chooseOther =
+    "Restore it from the backup, or choose another data folder in the preferences.";
 
 Result<std::vector<std::string>> firstColumn(Database& database, const std::string& sql) {
   auto statement = database.prepare(sql);

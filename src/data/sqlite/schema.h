@@ -24,8 +24,8 @@ std::string indexRemoval(const Table& table);
 
 /// Whether the database is one of ours, of a layout that this program knows.
 Result<void> checkMark(Database& database);
-/// The tables of the catalogue that the database holds, the parcel table in its real layout. None at all, and one that lacks a
-/// column, is an error.
+/// The tables of the catalogue that the database holds, the parcel table in its real layout. None at all, and one that
+/// lacks a column, is an error.
 Result<std::vector<const Table*>> tablesOf(Database& database);
 
 }  // namespace zelvo::sqlite

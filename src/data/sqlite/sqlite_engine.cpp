@@ -16,7 +16,8 @@ namespace zelvo::sqlite {
 
 namespace {
 
-/// Rows are fetched together: each statement locks and unlocks the file, and over a network that takes longer than the rows.
+/// Rows are fetched together: each statement locks and unlocks the file, and over a network that takes longer than the
+/// rows.
 constexpr std::size_t rowsAtOnce = 100;
 
 /// A file that keeps its changes in a second one is set back, or refused: computers cannot share such a file.
@@ -57,9 +58,8 @@ Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::m
   auto database = Database::open(name, *mode, patience);
   if (!database)
     return database.error();
-  for (const auto check : {checkHead, checkMark})
-    if (auto checked = check(**database); !checked)
-      return checked.error();
+  if (auto checked = checkMark(**database); !checked)
+    return checked.error();
   auto tables = tablesOf(**database);
   if (!tables)
     return tables.error();

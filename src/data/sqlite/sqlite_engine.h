@@ -13,8 +13,8 @@ namespace zelvo::sqlite {
 /// Opens a database file that is there.
 Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience = usualPatience);
 
-/// One database file of SQLite behind the door. Every change begins by taking the file for writing, so that what was read before a
-/// change is still so when the change is made.
+/// One database file of SQLite behind the door. Every change begins by taking the file for writing, so that what was
+/// read before a change is still so when the change is made.
 class SqliteEngine : public Engine {
  public:
   SqliteEngine(std::unique_ptr<Database> database, std::vector<const Table*> tables)

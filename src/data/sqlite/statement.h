@@ -12,14 +12,13 @@
 
 namespace zelvo::sqlite {
 
-/// A prepared statement in use. It is reset when the use ends, so that none is ever left half read. How values lie: texts
-/// as they are, numbers as REAL (a whole column makes an INTEGER of it), dates as ISO text.
+/// A prepared statement in use. It is reset when the use ends, so that none is ever left half read. How values lie:
+/// texts as they are, numbers as REAL (a whole column makes an INTEGER of it), dates as ISO text.
 class Statement {
  public:
   enum class After { Keep, Finalize };
   explicit Statement(sqlite3_stmt* statement, After after = After::Keep) : statement_(statement), after_(after) {}
-  Statement(Statement&& other) noexcept
-      : statement_(std::exchange(other.statement_, nullptr)), after_(other.after_) {}
+  Statement(Statement&& other) noexcept : statement_(std::exchange(other.statement_, nullptr)), after_(other.after_) {}
   Statement& operator=(Statement&&) = delete;
   ~Statement();
 

@@ -172,8 +172,8 @@ class Pouring {
 
 }  // namespace
 
-// Into an empty table rows go without its further indexes, which are made afterwards from sorted rows: rows that come in the
-// order of their key would otherwise fetch and write another place of each index every time.
+// Into an empty table rows go without its further indexes, which are made afterwards from sorted rows: rows that come
+// in the order of their key would otherwise fetch and write another place of each index every time.
 Result<void> SqliteEngine::insertMany(const Table& table, std::span<const std::size_t> positions,
                                       const std::function<bool(std::vector<Value>&)>& nextRow) {
   Change change(*this);

@@ -7,8 +7,8 @@ struct sqlite3;
 
 namespace zelvo::sqlite {
 
-/// Waits for a database that another computer holds. Many computers asking in a steady beat starve each other, so each sleeps
-/// a short time of random length, and asks again until its patience is over.
+/// Waits for a database that another computer holds. Many computers asking in a steady beat starve each other, so each
+/// sleeps a short time of random length, and asks again until its patience is over.
 class Waiting {
  public:
   explicit Waiting(std::chrono::milliseconds patience);

@@ -4,6 +4,9 @@
 
 // What follows on a permit: certificates, affidavits and fees.
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 inline constexpr std::array certificates = {
@@ -129,3 +132,5 @@ inline constexpr std::array fees = {
 static_assert(fees.size() == 24);
 
 }  // namespace zelvo::tables
+
+// clang-format on

@@ -4,6 +4,9 @@
 
 // Building inspections, complaints, violations and the actions taken on them.
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 inline constexpr std::array inspections = {
@@ -141,3 +144,5 @@ inline constexpr std::array actions = {
 static_assert(actions.size() == 12);
 
 }  // namespace zelvo::tables
+
+// clang-format on

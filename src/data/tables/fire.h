@@ -4,6 +4,9 @@
 
 // Fire inspections: the register of the properties, and the inspections of their units.
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 inline constexpr std::array fireProperties = {
@@ -128,3 +131,5 @@ inline constexpr std::array fireInspections = {
 static_assert(fireInspections.size() == 75);
 
 }  // namespace zelvo::tables
+
+// clang-format on

@@ -2,6 +2,9 @@
 
 #include "data/tables/columns.h"
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 /// MJUL is the day number that orders the events of a year.
@@ -25,3 +28,5 @@ inline constexpr std::array meetings = {
 static_assert(meetings.size() == 15);
 
 }  // namespace zelvo::tables
+
+// clang-format on

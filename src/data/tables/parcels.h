@@ -6,6 +6,9 @@
 
 // The parcel registry and the imported real-property roll.
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 /// The extended layout. The old one ends with GISLINK: an office keeps the layout it has until it converts its parcels.
@@ -52,3 +55,5 @@ inline constexpr std::array roll = {
 static_assert(roll.size() == 13);
 
 }  // namespace zelvo::tables
+
+// clang-format on

@@ -4,6 +4,9 @@
 
 // Building permits, with the insurance certificates and contacts that belong to them.
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 inline constexpr std::array buildingPermits = {
@@ -115,3 +118,5 @@ inline constexpr std::array contacts = {
 static_assert(contacts.size() == 15);
 
 }  // namespace zelvo::tables
+
+// clang-format on

@@ -2,6 +2,9 @@
 
 #include "data/tables/columns.h"
 
+// One column a line, however short.
+// clang-format off
+
 namespace zelvo::tables {
 
 inline constexpr std::array zoningPermits = {
@@ -100,3 +103,5 @@ inline constexpr std::array zoningPermits = {
 static_assert(zoningPermits.size() == 91);
 
 }  // namespace zelvo::tables
+
+// clang-format on
