@@ -85,6 +85,13 @@ void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& 
   }
 }
 
+std::string plainAmount(std::string_view typed) {
+  std::string amount = replaceAll(trim(typed), ",", "");
+  if (amount.starts_with('$'))
+    amount.erase(0, 1);
+  return isNumber(amount) ? std::string(trim(amount)) : std::string(typed);
+}
+
 void limitBoxes(const Table& table, Screen& screen) {
   for (const Column& column : table.columns)
     if (TextBox* box = column.box >= 1 ? boxOf(screen, column.box) : nullptr; box && column.length >= 1)

@@ -23,6 +23,9 @@ void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& 
 /// Limits what is typed into each box to the width of its column.
 void limitBoxes(const Table& table, Screen& screen);
 
+/// "$12,500" as the plain number that the store reads, 12500; what is no amount of money stays as it was typed.
+std::string plainAmount(std::string_view typed);
+
 /// The trimmed text of a box Text1(n).
 std::string boxText(const Screen& screen, int box);
 void setBoxText(Screen& screen, int box, std::string_view text);

@@ -65,11 +65,23 @@ bool RecordScreen::openRecords() {
   }
   connection_ = *connection;
   datPrimaryRS_ = std::move(*records);
-  limitBoxes(datPrimaryRS_->table(), *this);
+  prepareBoxes();
   numbering_.open(*datPrimaryRS_);
   fillList();
   enter(Mode::Browse);
   return true;
+}
+
+void RecordScreen::prepareBoxes() {
+  const Table& table = records().table();
+  limitBoxes(table, *this);
+  for (const Column& column : table.columns)
+    if (column.type == ColumnType::Number && column.box >= 1 && Text1.has(column.box))
+      takeAmounts(Text1(column.box));
+}
+
+void RecordScreen::takeAmounts(TextBox& box) {
+  onLeave(box, [&box] { box.text = plainAmount(box.text); });
 }
 
 void RecordScreen::fillList() {

@@ -71,6 +71,8 @@ class RecordScreen : public Screen {
   mdb& parcels() { return parcels_; }
   bool keyInUse(std::string_view key);
   void refreshRecord();
+  /// When the clerk leaves the box, "$12,500" becomes the number that the store reads.
+  void takeAmounts(TextBox& box);
 
   Tabs SSTab1;
   Button INew{*this, "INew", "&New"};
@@ -95,6 +97,7 @@ class RecordScreen : public Screen {
  private:
   void bindButtons();
   bool openRecords();
+  void prepareBoxes();
   void followHop();
   void showHopped(std::string_view wanted);
   void fillList();

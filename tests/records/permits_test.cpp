@@ -161,6 +161,18 @@ TEST_F(PermitOffice, ExpirationBeforeThePermitDateIsRefusedAndNonsenseToo) {
   EXPECT_EQ(permitsNow()->RecordCount(), 1u);
 }
 
+TEST_F(PermitOffice, AmountsAreTakenAsTheOfficeWritesThem) {
+  APermits& permits = open();
+  at.click(permits, "INew");
+  const std::pair<const char*, const char*> amounts[] = {
+      {"$12,500", "12500"}, {"1,250.50", "1250.50"}, {" 60 ", "60"}, {"waived", "waived"}, {"", ""}};
+  for (const auto& [typed, shown] : amounts) {
+    at.set(permits, "Text1(12)", typed);
+    at.leave(permits, "Text1(12)");
+    EXPECT_EQ(at.shown(permits, "Text1(12)"), shown) << typed;
+  }
+}
+
 TEST_F(PermitOffice, VoidingTwiceAsksToUnvoid) {
   addOther("26-1");
   APermits& permits = open();

@@ -43,6 +43,7 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
   labexpexpired.warning = true;
   loadPickLists();
   onClick(iPrint, [this] { iPrint_Click(); });
+  takeAmounts(Text2);
   onLeave(Text1(kExpirationBox), [this] { checkExpiration(); });
 }
 
