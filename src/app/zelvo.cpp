@@ -16,8 +16,9 @@ std::string programFolderOf(const QApplication& app) {
   QCommandLineParser parser;
   parser.setApplicationDescription("Zelvo: the records of the building inspection and code enforcement office");
   parser.addHelpOption();
-  const QCommandLineOption folder("program-folder", "The folder with the settings files; without it, the program's own.",
-                                  "DIR", QCoreApplication::applicationDirPath());
+  const QCommandLineOption folder("program-folder",
+                                  "The folder with the settings files; without it, the program's own.", "DIR",
+                                  QCoreApplication::applicationDirPath());
   parser.addOption(folder);
   parser.process(app);
   return parser.value(folder).toStdString();

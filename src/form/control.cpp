@@ -9,7 +9,8 @@ namespace zelvo {
 namespace {
 
 Error cannotTake(const Control& control, std::string_view value, std::string_view wanted) {
-  return {Trouble::BadInput, control.id() + " cannot take \"" + std::string(value) + "\": " + std::string(wanted) + "."};
+  return {Trouble::BadInput,
+          control.id() + " cannot take \"" + std::string(value) + "\": " + std::string(wanted) + "."};
 }
 
 Result<bool> readTick(const Control& control, std::string_view value) {

@@ -19,8 +19,8 @@ class Screen;
 
 enum class ControlKind { Label, TextBox, Button, CheckBox, Option, Combo, DatePicker, List, Tabs, Menu, MenuEntry };
 
-/// One control of a screen: a plain value under the name the office knows it by. It registers itself with its screen and
-/// never calls anything: handlers read and write controls, a face writes what the user does and shows what differs.
+/// One control of a screen: a plain value under the name the office knows it by. It registers itself with its screen
+/// and never calls anything: handlers read and write controls, a face writes what the user does and shows what differs.
 class Control {
  public:
   static constexpr int kAlone = -1;  ///< the index of a control that is in no control array
@@ -39,8 +39,8 @@ class Control {
   virtual ControlKind kind() const = 0;
   /// What it shows, as one text; empty when it shows nothing.
   virtual std::string shown() const = 0;
-  /// What the user enters as text: typed, picked or ticked (1 or 0). Refuses what the control cannot take and then keeps
-  /// what it had. Runs no handler: that is the screen's.
+  /// What the user enters as text: typed, picked or ticked (1 or 0). Refuses what the control cannot take and then
+  /// keeps what it had. Runs no handler: that is the screen's.
   Result<void> enter(std::string_view value);
 
   bool enabled = true;
@@ -109,8 +109,7 @@ class CheckBox : public Control {
 /// One of several of which one is chosen; the group is its name (a control array) or `group`.
 class Option : public Control {
  public:
-  Option(Screen& screen, std::string_view name, std::string_view caption, std::string_view group,
-         int index = kAlone);
+  Option(Screen& screen, std::string_view name, std::string_view caption, std::string_view group, int index = kAlone);
   ControlKind kind() const override { return ControlKind::Option; }
   std::string shown() const override { return chosen ? "1" : "0"; }
   Result<void> take(std::string_view value) override;

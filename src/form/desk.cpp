@@ -64,7 +64,8 @@ void OpenDocument(Desk& desk, std::string_view target) {
     return;
   const auto command = commandFor(desk, target);
   if (!command)
-    return desk.messages.tell(kTitle, "No program on this computer opens " + fileNameOf(target) + ".", Icon::Exclamation);
+    return desk.messages.tell(kTitle, "No program on this computer opens " + fileNameOf(target) + ".",
+                              Icon::Exclamation);
   if (const auto started = desk.desktop.start(*command); !started)
     desk.messages.tell(kTitle, started.error().message, Icon::Critical);
 }

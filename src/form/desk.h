@@ -17,8 +17,8 @@ struct Desk {
   Face& face;
   Screens& screens;
 
-  /// Ends the program: a display that was switched is put back, every wait returns, every face leaves its loop. The first
-  /// reason stays.
+  /// Ends the program: a display that was switched is put back, every wait returns, every face leaves its loop. The
+  /// first reason stays.
   void end(std::string_view why);
   bool ended() const { return session.ended.has_value(); }
 };

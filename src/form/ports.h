@@ -12,7 +12,8 @@ namespace zelvo {
 
 class Screen;
 
-// The outside world, as the screens see it. Real ones stand behind the windows; scripted ones in the console and the tests.
+// The outside world, as the screens see it. Real ones stand behind the windows; scripted ones in the console and the
+// tests.
 
 enum class Answer { OK, Cancel, Yes, No };
 enum class Buttons { OK, OKCancel, YesNo, YesNoCancel };

@@ -12,11 +12,11 @@ namespace zelvo {
 
 struct Desk;
 
-/// What a screen is without a window: its controls in the order of the Tab key, and its handlers. Faces (the windows, the
-/// console, the tests) show it and tell it what the user did, through the user... functions alone.
+/// What a screen is without a window: its controls in the order of the Tab key, and its handlers. Faces (the windows,
+/// the console, the tests) show it and tell it what the user did, through the user... functions alone.
 ///
-/// A handler runs to its end. A handler that waits for a modal screen waits inside Screens::showModal. An exception that
-/// leaves a handler is shown to the user with what happened; what was typed stays on the screen.
+/// A handler runs to its end. A handler that waits for a modal screen waits inside Screens::showModal. An exception
+/// that leaves a handler is shown to the user with what happened; what was typed stays on the screen.
 class Screen {
  public:
   Screen(Desk& desk, std::string_view name, std::string_view caption);
@@ -42,10 +42,10 @@ class Screen {
   /// Called by Screens when it came to the front, the first time included.
   void shownInFront();
 
-  std::string caption;        ///< of the window
-  std::string status;         ///< the line at the foot of the window
-  Control* focus = nullptr;   ///< set by a handler that wants the focus there; a face moves it and clears this
-  bool selectAll = false;     ///< with focus: select the whole text
+  std::string caption;       ///< of the window
+  std::string status;        ///< the line at the foot of the window
+  Control* focus = nullptr;  ///< set by a handler that wants the focus there; a face moves it and clears this
+  bool selectAll = false;    ///< with focus: select the whole text
   std::string helpPage;
 
  protected:

@@ -11,8 +11,8 @@
 
 namespace zelvo {
 
-/// The open screens, and how to open one by its name: a screen that needs another asks for it here and so need not know it.
-/// Screens are owned here from open to close.
+/// The open screens, and how to open one by its name: a screen that needs another asks for it here and so need not know
+/// it. Screens are owned here from open to close.
 class Screens {
  public:
   using Factory = std::function<std::unique_ptr<Screen>(Desk&)>;
@@ -23,8 +23,8 @@ class Screens {
   void learn(std::string_view name, Factory factory);
   bool knows(std::string_view name) const;
 
-  /// Opens the screen of that name, or brings it to the front when it is open already. Null when no such screen is known:
-  /// the caller says so to the user.
+  /// Opens the screen of that name, or brings it to the front when it is open already. Null when no such screen is
+  /// known: the caller says so to the user.
   Screen* open(std::string_view name);
   /// Opens it and waits until it is closed again.
   bool showModal(std::string_view name);

@@ -44,8 +44,8 @@ enum class QuerySlot : std::size_t {
   FireInspections = 9
 };
 
-/// What start-up finds out and the whole program reads: one object, made in main and handed down. Folders are kept without
-/// a separator at their end.
+/// What start-up finds out and the whole program reads: one object, made in main and handed down. Folders are kept
+/// without a separator at their end.
 struct Session {
   std::string programFolder;
   std::string dataFolder;  ///< the master database folder, or what stands in for it

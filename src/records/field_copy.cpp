@@ -94,7 +94,8 @@ std::string plainAmount(std::string_view typed) {
 
 void limitBoxes(const Table& table, Screen& screen) {
   for (const Column& column : table.columns)
-    if (TextBox* box = column.box >= 1 ? boxOf(screen, column.box) : nullptr; box && column.length >= 1)
+    if (TextBox* box = column.box >= 1 ? boxOf(screen, column.box) : nullptr;
+        box && column.length >= 1 && column.type != ColumnType::Number)
       box->maxLength = column.box == kSectionBox ? 2 * column.length + 1 : column.length;
 }
 

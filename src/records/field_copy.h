@@ -12,15 +12,16 @@ namespace zelvo {
 /// written again, so that saving never changes what nobody touched (a cost with more digits than its box takes).
 using ShownBoxes = std::map<int, std::string>;
 
-/// Copies the boxes of the current record to the screen, as the columns of its table say; gives what each box shows. The section
-/// box shows section and suffix with a "." between them.
+/// Copies the boxes of the current record to the screen, as the columns of its table say; gives what each box shows.
+/// The section box shows section and suffix with a "." between them.
 ShownBoxes recordToScreen(const Recordset& records, Screen& screen);
 
 /// Copies the screen's boxes into the row that is being added or changed. The key column is not copied: code sets it.
 /// A section with a "." is parted into section and suffix; one without leaves the suffix as it was.
 void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& before);
 
-/// Limits what is typed into each box to the width of its column.
+/// Limits what is typed into each box to the width of its column; amounts may be written with "$" and commas, and are
+/// not.
 void limitBoxes(const Table& table, Screen& screen);
 
 /// "$12,500" as the plain number that the store reads, 12500; what is no amount of money stays as it was typed.

@@ -37,15 +37,15 @@ std::string Numbering::filePath() const {
 }
 
 void Numbering::open(Recordset& records) {
-  next_ = seeded() ? numberText(Val(session_.seeds.*rule_.seed))
-                   : oneMore(lastSequence(records, rule_.sequenceColumn));
+  next_ = seeded() ? numberText(Val(session_.seeds.*rule_.seed)) : oneMore(lastSequence(records, rule_.sequenceColumn));
   if (FileExists(filePath()))
     catchUp();
   else
     (void)writeLines(filePath(), {next_}).ok();
 }
 
-// The texts are compared, not their values: a stored "9" stands above a computed "10". Offices rely on setting the file by hand.
+// The texts are compared, not their values: a stored "9" stands above a computed "10". Offices rely on setting the file
+// by hand.
 void Numbering::catchUp() {
   const std::string stored = firstLine(filePath());
   if (stored > next_)

@@ -9,8 +9,9 @@
 
 namespace zelvo {
 
-/// The next number of a kind of record: one more than the last stored, unless the high-water file, or a seed that the office
-/// set in its preferences, says otherwise. The file is what keeps two computers apart between opening and adding.
+/// The next number of a kind of record: one more than the last stored, unless the high-water file, or a seed that the
+/// office set in its preferences, says otherwise. The file is what keeps two computers apart between opening and
+/// adding.
 class Numbering {
  public:
   Numbering(Session& session, const NumberingRule& rule) : session_(session), rule_(rule) {}
@@ -22,8 +23,8 @@ class Numbering {
   const std::string& next() const { return next_; }
   /// One further: the number was taken.
   void bump();
-  /// Notes that the next number was given to a record that is stored now: moves on, and writes the new next number to the
-  /// file that is used, unless another computer has written a higher one there already. To be called while the
+  /// Notes that the next number was given to a record that is stored now: moves on, and writes the new next number to
+  /// the file that is used, unless another computer has written a higher one there already. To be called while the
   /// store is held for writing, so that computers take turns.
   Result<void> storeNext();
   /// Reads the file again: another computer may be further by now.

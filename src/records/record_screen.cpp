@@ -57,7 +57,8 @@ bool RecordScreen::openRecords() {
   defaultQuery_ = slot.query;
   showStatus("Reading database..");
   auto connection = Connection::open(slot.connection);
-  auto records = connection ? Recordset::open(*connection, slot.query) : Result<std::unique_ptr<Recordset>>(connection.error());
+  auto records =
+      connection ? Recordset::open(*connection, slot.query) : Result<std::unique_ptr<Recordset>>(connection.error());
   showStatus("");
   if (!records) {
     desk.messages.tell(" " + caption, records.error().message, Icon::Critical);
@@ -151,8 +152,7 @@ void RecordScreen::refreshRecord() {
   if (rows.Bof())
     rows.MoveFirst();
   getdata();
-  lblStatus.caption =
-      "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
+  lblStatus.caption = "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
   ListView1.selected = rows.AbsolutePosition() - 1;
   lblVoided.visible = isVoided();
   delr.caption = isVoided() ? "Un&void" : "&Void";

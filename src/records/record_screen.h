@@ -13,11 +13,12 @@
 
 namespace zelvo {
 
-/// The pattern of every record screen: open the table, browse, new, add, edit, save, void, list, who and when. A kind of record
-/// states what it is (RecordKind), copies what no box shows, and adds its own rules.
+/// The pattern of every record screen: open the table, browse, new, add, edit, save, void, list, who and when. A kind
+/// of record states what it is (RecordKind), copies what no box shows, and adds its own rules.
 ///
-/// Nothing typed is lost to a refused store: the screen stays in its mode, with its texts, and the add can be tried again. Adding
-/// writes the record, its parcel and the next number so that a crash at any point leaves the record whole or not at all.
+/// Nothing typed is lost to a refused store: the screen stays in its mode, with its texts, and the add can be tried
+/// again. Adding writes the record, its parcel and the next number so that a crash at any point leaves the record whole
+/// or not at all.
 class RecordScreen : public Screen {
  public:
   RecordScreen(Desk& desk, mdb& parcels, const RecordKind& kind);
@@ -46,11 +47,11 @@ class RecordScreen : public Screen {
   enum class Mode { Browse, New, Edit };
 
   // What a kind of record adds to the pattern.
-  virtual void clearControls() = 0;         ///< blanks what is not a box of the catalogue
-  virtual void showCodedColumns() = 0;      ///< columns that no box shows, to the screen
-  virtual void storeCodedColumns() = 0;     ///< and back; stamps excepted
-  virtual void copyPicksIntoBoxes() {}      ///< combo texts into the boxes that stand for them
-  virtual std::string proposedKey() const = 0;             ///< the key under the next number
+  virtual void clearControls() = 0;                         ///< blanks what is not a box of the catalogue
+  virtual void showCodedColumns() = 0;                      ///< columns that no box shows, to the screen
+  virtual void storeCodedColumns() = 0;                     ///< and back; stamps excepted
+  virtual void copyPicksIntoBoxes() {}                      ///< combo texts into the boxes that stand for them
+  virtual std::string proposedKey() const = 0;              ///< the key under the next number
   virtual std::string bumpedKey(std::string_view key) = 0;  ///< the same key under the number after
   virtual std::string duplicateTitle() const = 0;
   virtual std::string duplicateText() const = 0;
@@ -127,10 +128,10 @@ class RecordScreen : public Screen {
   Mode mode_ = Mode::Browse;
   Recordset::Bookmark returnTo_ = -1;
   ShownBoxes shown_;
-  std::string proposed_;          ///< the key that INew put on the screen
-  std::string newParcel_;         ///< key of a parcel that the user agreed to register with this record
+  std::string proposed_;   ///< the key that INew put on the screen
+  std::string newParcel_;  ///< key of a parcel that the user agreed to register with this record
   std::string defaultQuery_;
-  std::string numberTrouble_;     ///< why the next number could not be written, of the last add
+  std::string numberTrouble_;  ///< why the next number could not be written, of the last add
 };
 
 }  // namespace zelvo

@@ -1,5 +1,5 @@
-// The storing half of the record pattern: what is checked before a record is stored, and the order in which record, parcel and
-// number are written.
+// The storing half of the record pattern: what is checked before a record is stored, and the order in which record,
+// parcel and number are written.
 
 #include "base/text.h"
 #include "records/record_screen.h"
@@ -47,8 +47,8 @@ bool RecordScreen::renumbering() const {
 
 bool RecordScreen::keyInUse(std::string_view wanted) {
   const Table& table = records().table();
-  const auto inUse = connection_->exists(
-      table.name, "[" + std::string(table.key) + "] = '" + replaceAll(wanted, "'", "''") + "'");
+  const auto inUse =
+      connection_->exists(table.name, "[" + std::string(table.key) + "] = '" + replaceAll(wanted, "'", "''") + "'");
   if (!inUse)
     throw StoreError(inUse.error());
   return *inUse;

@@ -74,7 +74,8 @@ std::optional<std::string> associatedProgram(std::string_view path) {
   const QString file = QString::fromStdString(systemPath(path));
   const auto mode = QFileInfo::exists(file) ? QMimeDatabase::MatchDefault : QMimeDatabase::MatchExtension;
   // An empty page is known by its name alone; by its content it would be any text.
-  const QMimeType kind = QMimeDatabase().mimeTypeForFile(file, QFileInfo(file).size() == 0 ? QMimeDatabase::MatchExtension : mode);
+  const QMimeType kind =
+      QMimeDatabase().mimeTypeForFile(file, QFileInfo(file).size() == 0 ? QMimeDatabase::MatchExtension : mode);
   if (auto program = programOfKind(kind.name().toStdString()))
     return program;
   for (const QString& wider : kind.allAncestors())

@@ -7,10 +7,13 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyleOptionFocusRect>
+#include <QStylePainter>
 #include <QToolButton>
+#include <utility>
 
 #include "base/files.h"
 #include "ui/control_view.h"
+#include "ui/qt_text.h"
 #include "ui/style.h"
 
 namespace zelvo {
@@ -56,7 +59,10 @@ class PlainLabel : public QLabel {
 class LabelView : public ControlView {
  public:
   LabelView(Label& label, UserActions& actions, QWidget* parent, LayoutRow::Kind kind)
-      : ControlView(label, actions), label_(label), widget_(new PlainLabel(parent)), picture_(kind == LayoutRow::Kind::Picture) {
+      : ControlView(label, actions),
+        label_(label),
+        widget_(new PlainLabel(parent)),
+        picture_(kind == LayoutRow::Kind::Picture) {
     widget_->setTextFormat(Qt::PlainText);
     widget_->setWordWrap(label.caption.size() > 60 || label.caption.find('\n') != std::string::npos);
     widget_->pressed = [this] { user.clicks(control_); };
@@ -110,10 +116,7 @@ class LabelView : public ControlView {
 class ButtonView : public ControlView {
  public:
   ButtonView(Button& button, UserActions& actions, QAbstractButton* widget, std::string_view keys)
-      : ControlView(button, actions),
-        button_(button),
-        widget_(widget),
-        keys_(QString::fromUtf8(keys.data(), static_cast<qsizetype>(keys.size()))) {
+      : ControlView(button, actions), button_(button), widget_(widget), keys_(qtText(keys)) {
     QObject::connect(widget_, &QAbstractButton::clicked, widget_, [this] { user.clicks(control_); });
   }
   QWidget* widget() const override { return widget_; }
@@ -211,19 +214,40 @@ QAbstractButton* makeTool(QWidget* parent, const LayoutRow& row) {
   return tool;
 }
 
-QAbstractButton* makeTile(QWidget* parent, const LayoutRow& row) {
-  auto* tile = new QToolButton(parent);
-  tile->setFocusPolicy(Qt::StrongFocus);
-  tile->setIcon(tileIcon(row.glyph, row.hue));
-  tile->setIconSize(QSize(52, 52));
-  tile->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-  tile->setMinimumSize(168, 118);
-  tile->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-  QFont letters = tile->font();
-  letters.setPointSizeF(letters.pointSizeF() * 1.1);
-  tile->setFont(letters);
-  return tile;
-}
+// A large button with a picture over its caption, both in the middle.
+class TileButton : public QPushButton {
+ public:
+  TileButton(QWidget* parent, const LayoutRow& row) : QPushButton(parent) {
+    constexpr int kPicture = 52;
+    setIcon(tileIcon(row.glyph, row.hue));
+    setIconSize(QSize(kPicture, kPicture));
+    setMinimumSize(164, 118);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAutoDefault(true);
+    QFont letters = font();
+    letters.setPointSizeF(letters.pointSizeF() * 1.1);
+    setFont(letters);
+  }
+  QSize sizeHint() const override { return minimumSize(); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    const QString caption = std::exchange(option.text, QString());
+    option.icon = QIcon();
+    painter.drawControl(QStyle::CE_PushButton, option);
+    const int gap = fontMetrics().height() / 2;
+    const QSize picture = iconSize();
+    const int top = (height() - picture.height() - gap - fontMetrics().height()) / 2;
+    const QRect place((width() - picture.width()) / 2, top, picture.width(), picture.height());
+    icon().paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    const QRect line(4, place.bottom() + gap, width() - 8, fontMetrics().height() + 2);
+    style()->drawItemText(&painter, line, Qt::AlignHCenter | Qt::TextShowMnemonic, palette(), isEnabled(), caption,
+                          QPalette::ButtonText);
+  }
+};
 
 QAbstractButton* makePush(QWidget* parent, const LayoutRow* row) {
   auto* push = new QPushButton(parent);
@@ -244,7 +268,7 @@ std::unique_ptr<ControlView> makeButtonView(Button& button, UserActions& user, Q
   if (row && row->kind == LayoutRow::Kind::Tool)
     widget = makeTool(parent, *row);
   else if (row && row->kind == LayoutRow::Kind::Tile)
-    widget = makeTile(parent, *row);
+    widget = new TileButton(parent, *row);
   else
     widget = makePush(parent, row);
   return std::make_unique<ButtonView>(button, user, widget, row ? row->keys : std::string_view());

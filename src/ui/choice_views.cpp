@@ -3,8 +3,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStylePainter>
-#include <QTabWidget>
 #include <QTabBar>
+#include <QTabWidget>
 #include <QWheelEvent>
 
 #include "base/date.h"
@@ -17,8 +17,8 @@ namespace zelvo {
 
 namespace {
 
-// A drop-down list that the wheel scrolls past, that a long entry does not widen, and that shows what an old record holds
-// even when its list does not offer that.
+// A drop-down list that the wheel scrolls past, that a long entry does not widen, and that shows what an old record
+// holds even when its list does not offer that.
 class ChoiceBox : public QComboBox {
  public:
   ChoiceBox(bool freeText, QWidget* parent) : QComboBox(parent) {
@@ -97,7 +97,8 @@ class ComboView : public ControlView {
       : ControlView(combo, actions), combo_(combo), widget_(new ChoiceBox(combo.freeText, parent)) {
     QObject::connect(widget_, &QComboBox::activated, widget_, [this](int index) { chose(widget_->itemText(index)); });
     if (combo.freeText)
-      QObject::connect(widget_->lineEdit(), &QLineEdit::textEdited, widget_, [this](const QString& text) { chose(text); });
+      QObject::connect(widget_->lineEdit(), &QLineEdit::textEdited, widget_,
+                       [this](const QString& text) { chose(text); });
     watchFocus(widget_);
   }
   QWidget* widget() const override { return widget_; }
@@ -163,8 +164,9 @@ class DateView : public ControlView {
       widget_->selectAll();
   }
   std::string unreadable() const override {
-    return readable_ ? std::string()
-                     : "\"" + widget_->text().toStdString() + "\" is no date. Write it as mm/dd/yyyy, or empty the box.";
+    return readable_
+               ? std::string()
+               : "\"" + widget_->text().toStdString() + "\" is no date. Write it as mm/dd/yyyy, or empty the box.";
   }
 
  protected:

@@ -58,7 +58,8 @@ void ControlView::refreshCaption() {
     return;
   shownRequired_ = control_.required;
   captionLabel->setText(QString::fromStdString(captionText) + (shownRequired_ ? QStringLiteral(" *") : QString()));
-  captionLabel->setToolTip(shownRequired_ ? QStringLiteral("Must be filled in before the record is stored.") : QString());
+  captionLabel->setToolTip(shownRequired_ ? QStringLiteral("Must be filled in before the record is stored.")
+                                          : QString());
 }
 
 void ControlView::takeFocus(bool) {

@@ -8,8 +8,8 @@ class QFrame;
 
 namespace zelvo {
 
-/// A line for a date, with a calendar that drops down (F4 or Alt+Down). It may be empty. Dates are typed as text: the box
-/// itself judges nothing.
+/// A line for a date, with a calendar that drops down (F4 or Alt+Down). It may be empty. Dates are typed as text: the
+/// box itself judges nothing.
 class DateBox : public QLineEdit {
  public:
   explicit DateBox(QWidget* parent);

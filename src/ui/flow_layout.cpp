@@ -27,7 +27,8 @@ QSize FlowLayout::minimumSize() const {
 QSize FlowLayout::sizeHint() const {
   QSize size;
   for (const QLayoutItem* item : items_)
-    size = QSize(size.width() + item->sizeHint().width() + spacing(), std::max(size.height(), item->sizeHint().height()));
+    size =
+        QSize(size.width() + item->sizeHint().width() + spacing(), std::max(size.height(), item->sizeHint().height()));
   return size;
 }
 

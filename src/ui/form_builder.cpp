@@ -2,139 +2,36 @@
 
 #include <QBoxLayout>
 #include <QGroupBox>
-#include <QPlainTextEdit>
 #include <QScrollArea>
-#include <QStatusBar>
 #include <QTabWidget>
 #include <algorithm>
 #include <map>
 #include <set>
 
+#include "ui/columns_layout.h"
 #include "ui/flow_layout.h"
 #include "ui/menu_views.h"
+#include "ui/qt_text.h"
 #include "ui/style.h"
 
 namespace zelvo {
 
 namespace {
 
-constexpr int kMargin = 8;
-constexpr int kSpacing = 5;
+constexpr int kMargin = 9;
+constexpr int kLeastOnPage = 8;
+constexpr int kLeastAlone = 34;
 constexpr int kTilesAcross = 3;
-
-// A field and what the layout says of it, waiting for its group to be complete.
-struct PlacedField {
-  ControlView* view;
-  const LayoutRow* row;
-  int line;
-  int pair;  // of caption and field, counted along the line
-};
-
-bool standsAlone(const ControlView& view) {
-  const auto kind = view.control().kind();
-  return kind == ControlKind::List || kind == ControlKind::TextBox || kind == ControlKind::Combo;
-}
-
-// Fields have the width of what they hold; those without a width take the room there is.
-void applySize(QWidget* widget, const LayoutRow& row) {
-  if (auto* area = qobject_cast<QPlainTextEdit*>(widget)) {
-    const int line = area->fontMetrics().lineSpacing();
-    area->setMinimumHeight(line * std::max(row.height, 2) + 12);
-    if (row.height != kFill)
-      area->setMaximumHeight(line * row.height + 12);
-    return;
-  }
-  if (row.width > 0 && !qobject_cast<QAbstractButton*>(widget) && !qobject_cast<QLabel*>(widget)) {
-    const int extra = widget->inherits("QComboBox") || widget->inherits("QTableView") ? 34 : 14;
-    widget->setMinimumWidth(charactersWide(std::min(row.width, 8)) + extra);
-    widget->setMaximumWidth(charactersWide(row.width) + extra);
-  }
-}
 
 // Scrolls where a page is larger than its window, and otherwise asks for the room that the page needs.
 class PageScroll : public QScrollArea {
  public:
   using QScrollArea::QScrollArea;
-  QSize sizeHint() const override { return widget()->sizeHint() + QSize(2, 2); }
+  QSize sizeHint() const override {
+    const QSize size = widget()->sizeHint();
+    return QSize(size.width(), std::max(size.height(), widget()->heightForWidth(size.width()))) + QSize(2, 2);
+  }
   QSize minimumSizeHint() const override { return widget()->minimumSizeHint().boundedTo(QSize(260, 60)); }
-};
-
-// One group under way: fields are collected first, since the last one of each line takes the rest of the grid.
-class GroupGrid {
- public:
-  GroupGrid(QWidget* frame, FieldGroup& group) : frame_(frame), group_(group), grid_(new QGridLayout(frame)) {
-    grid_->setHorizontalSpacing(6);
-    grid_->setVerticalSpacing(kSpacing);
-  }
-
-  void add(ControlView* view, const LayoutRow& row) {
-    const bool further = row.kind == LayoutRow::Kind::Beside && line_ >= 0;
-    pair_ = further ? pair_ + 1 : 0;
-    line_ += further ? 0 : 1;
-    pairs_ = std::max(pairs_, pair_ + 1);
-    fields_.push_back({view, &row, line_, pair_});
-    group_.views.push_back(view);
-  }
-
-  /// Gives whether the group wants all the height it can get.
-  bool finish() {
-    bool fills = false;
-    for (std::size_t i = 0; i < fields_.size(); ++i) {
-      const bool last = i + 1 == fields_.size() || fields_[i + 1].line != fields_[i].line;
-      place(fields_[i], last);
-      if (fields_[i].row->height == kFill) {
-        grid_->setRowStretch(fields_[i].line, 1);
-        fills = true;
-      }
-    }
-    for (int pair = 0; pair < pairs_; ++pair)
-      grid_->setColumnStretch(pair * 2 + 1, 1);
-    return fills;
-  }
-
- private:
-  void place(const PlacedField& field, bool last) {
-    QWidget* widget = field.view->widget();
-    applySize(widget, *field.row);
-    const int labelColumn = field.pair * 2;
-    const int end = last ? pairs_ * 2 : labelColumn + 2;
-    const bool captioned = !field.row->caption.empty();
-    const int from = captioned || !standsAlone(*field.view) ? labelColumn + 1 : labelColumn;
-    if (captioned)
-      addCaption(field, labelColumn);
-    if (qobject_cast<QAbstractButton*>(widget))
-      grid_->addWidget(widget, field.line, from, 1, end - from, Qt::AlignLeft);
-    else if (field.row->width > 0)
-      grid_->addLayout(narrow(widget), field.line, from, 1, end - from);
-    else
-      grid_->addWidget(widget, field.line, from, 1, end - from);
-  }
-
-  // As wide as what it holds where there is room, and narrower where there is none.
-  static QHBoxLayout* narrow(QWidget* widget) {
-    auto* line = new QHBoxLayout;
-    line->addWidget(widget, 1000);
-    line->addStretch(1);
-    return line;
-  }
-
-  void addCaption(const PlacedField& field, int column) {
-    auto* label = new QLabel(QString::fromUtf8(field.row->caption.data(), static_cast<qsizetype>(field.row->caption.size())), frame_);
-    label->setBuddy(field.view->widget());
-    const bool tall = qobject_cast<QPlainTextEdit*>(field.view->widget());
-    label->setAlignment(Qt::AlignRight | (tall ? Qt::AlignTop : Qt::AlignVCenter));
-    field.view->captionLabel = label;
-    field.view->captionText = std::string(field.row->caption);
-    grid_->addWidget(label, field.line, column);
-  }
-
-  QWidget* frame_;
-  FieldGroup& group_;
-  QGridLayout* grid_;
-  std::vector<PlacedField> fields_;
-  int line_ = -1;
-  int pair_ = 0;
-  int pairs_ = 1;
 };
 
 // Walks down a layout table and builds as it goes.
@@ -174,15 +71,16 @@ class Builder {
   QTabWidget* tabs_ = nullptr;
   FlowLayout* tools_ = nullptr;
   QHBoxLayout* foot_ = nullptr;
-  QHBoxLayout* columns_ = nullptr;
+  ColumnsLayout* columns_ = nullptr;
   QVBoxLayout* column_ = nullptr;
   bool columnFills_ = false;
   QGridLayout* tiles_ = nullptr;
   int tileCount_ = 0;
-  std::unique_ptr<FieldGroup> group_;
   std::unique_ptr<GroupGrid> grid_;
+  std::vector<std::unique_ptr<GroupGrid>> columnGrids_;  // of the present column
   QVBoxLayout* top_;
   QWidget* body_ = nullptr;
+  QWidget* aboveTabs_ = nullptr;
 };
 
 Builder::Builder(QMainWindow& window, Screen& screen, const Layout& layout, UserActions& user)
@@ -190,8 +88,8 @@ Builder::Builder(QMainWindow& window, Screen& screen, const Layout& layout, User
   central_ = new QWidget(&window_);
   window_.setCentralWidget(central_);
   outer_ = new QVBoxLayout(central_);
-  outer_->setContentsMargins(kMargin, 6, kMargin, 6);
-  outer_->setSpacing(6);
+  outer_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  outer_->setSpacing(kMargin);
   top_ = new QVBoxLayout;
   outer_->addLayout(top_);
 }
@@ -203,13 +101,16 @@ BuiltForm Builder::build() {
     outer_->addWidget(scrolled(body_), 1);
     startArea(body_, nullptr);
   } else {
-    startArea(new QWidget(central_), outer_);
+    aboveTabs_ = new QWidget(central_);
+    startArea(aboveTabs_, outer_);
     outer_->addWidget(tabs_, 1);
   }
   for (const LayoutRow& row : layout_.rows)
     place(row);
   placeLeftovers();
   finishColumn();
+  if (aboveTabs_)
+    aboveTabs_->setVisible(aboveTabs_->layout()->count() > 0);
   setTabOrder();
   return std::move(form_);
 }
@@ -255,9 +156,7 @@ void Builder::startPage(int number) {
 
 void Builder::startArea(QWidget* area, QBoxLayout* into) {
   finishColumn();
-  columns_ = new QHBoxLayout(area);
-  columns_->setContentsMargins(0, 0, 0, 0);
-  columns_->setSpacing(10);
+  columns_ = new ColumnsLayout(area);
   if (into)
     into->addWidget(area);
 }
@@ -266,11 +165,13 @@ void Builder::startColumn(int share) {
   finishColumn();
   column_ = new QVBoxLayout;
   column_->setSpacing(6);
-  columns_->addLayout(column_, share);
+  columns_->addColumn(column_, share);
 }
 
 void Builder::finishColumn() {
   finishGroup();
+  GroupGrid::align(columnGrids_);
+  columnGrids_.clear();
   if (column_ && !columnFills_)
     column_->addStretch(1);
   column_ = nullptr;
@@ -286,11 +187,9 @@ void Builder::startGroup(std::string_view caption) {
   if (caption.empty())
     frame = new QWidget;
   else
-    frame = new QGroupBox(QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+    frame = new QGroupBox(qtText(caption));
   column_->addWidget(frame);
-  group_ = std::make_unique<FieldGroup>();
-  group_->frame = frame;
-  grid_ = std::make_unique<GroupGrid>(frame, *group_);
+  grid_ = std::make_unique<GroupGrid>(frame, tabs_ ? kLeastOnPage : kLeastAlone);
   if (caption.empty())
     frame->layout()->setContentsMargins(0, 0, 0, 0);
   else
@@ -302,11 +201,10 @@ void Builder::finishGroup() {
     return;
   if (grid_->finish()) {
     columnFills_ = true;
-    column_->setStretchFactor(group_->frame, 1);
+    column_->setStretchFactor(grid_->group().frame, 1);
   }
-  form_.groups.push_back(std::move(*group_));
-  grid_.reset();
-  group_.reset();
+  form_.groups.push_back(grid_->group());
+  columnGrids_.push_back(std::move(grid_));
 }
 
 void Builder::place(const LayoutRow& row) {
@@ -358,6 +256,11 @@ void Builder::placeTool(const LayoutRow& row, ControlView* view) {
     line->setFixedWidth(9);
     tools_->addWidget(line);
   } else {
+    if (auto* label = qobject_cast<QLabel*>(view->widget())) {
+      label->setContentsMargins(6, 0, 6, 0);
+      label->setMinimumWidth(charactersWide(row.width));
+      label->setAlignment(Qt::AlignCenter);
+    }
     tools_->addWidget(view->widget());
   }
 }
@@ -411,13 +314,6 @@ void Builder::setTabOrder() {
 }
 
 }  // namespace
-
-void FieldGroup::refresh() const {
-  const bool any =
-      std::any_of(views.begin(), views.end(), [](const ControlView* view) { return view->control().visible; });
-  if (frame->isHidden() == any)
-    frame->setVisible(any);
-}
 
 ControlView* BuiltForm::find(const Control& control) const {
   for (const auto& view : views)

@@ -5,20 +5,10 @@
 #include <vector>
 
 #include "ui/control_view.h"
+#include "ui/group_grid.h"
 #include "ui/layout.h"
 
-class QBoxLayout;
-class QGridLayout;
-class QTabWidget;
-
 namespace zelvo {
-
-/// A frame of fields; shown while it has something to show.
-struct FieldGroup {
-  QWidget* frame = nullptr;
-  std::vector<ControlView*> views;
-  void refresh() const;
-};
 
 /// What a window consists of. The widgets belong to the window.
 struct BuiltForm {

@@ -38,13 +38,15 @@ void drawRecordGlyph(QPainter& painter, Glyph glyph) {
       break;
     case Glyph::Edit:
     case Glyph::Pen:
-      drawStrokes(painter, {{{{3, 13}, {3.6, 10}, {11, 2.6}, {13.4, 5}, {6, 12.4}, {3, 13}}}, {{{9.4, 4.2}, {11.8, 6.6}}}});
+      drawStrokes(painter,
+                  {{{{3, 13}, {3.6, 10}, {11, 2.6}, {13.4, 5}, {6, 12.4}, {3, 13}}}, {{{9.4, 4.2}, {11.8, 6.6}}}});
       break;
     case Glyph::Save:
       drawStrokes(painter, {{{{2.5, 8.5}, {6.5, 12.5}, {13.5, 4}}}});
       break;
     case Glyph::Cancel:
-      drawStrokes(painter, {{{{6, 3}, {2.5, 6.5}, {6, 10}}}, {{{2.5, 6.5}, {10.5, 6.5}, {13, 9}, {10.5, 12.5}, {8, 12.5}}}});
+      drawStrokes(painter,
+                  {{{{6, 3}, {2.5, 6.5}, {6, 10}}}, {{{2.5, 6.5}, {10.5, 6.5}, {13, 9}, {10.5, 12.5}, {8, 12.5}}}});
       break;
     case Glyph::First:
       drawStrokes(painter, {{{{3.5, 3}, {3.5, 13}}}, {{{12.5, 3}, {6, 8}, {12.5, 13}}, true}});
@@ -87,7 +89,9 @@ void drawToolGlyph(QPainter& painter, Glyph glyph) {
                             {{{5, 9}, {11, 9}, {11, 13.5}, {5, 13.5}, {5, 9}}}});
       break;
     case Glyph::Quit:
-      drawStrokes(painter, {{{{9, 3}, {3, 3}, {3, 13}, {9, 13}}}, {{{6.5, 8}, {13.5, 8}}}, {{{10.8, 5}, {13.7, 8}, {10.8, 11}}}});
+      drawStrokes(
+          painter,
+          {{{{9, 3}, {3, 3}, {3, 13}, {9, 13}}}, {{{6.5, 8}, {13.5, 8}}}, {{{10.8, 5}, {13.7, 8}, {10.8, 11}}}});
       break;
     case Glyph::Document:
       drawStrokes(painter, {{{{4, 2}, {12, 2}, {12, 14}, {4, 14}, {4, 2}}}, {{{6, 6}, {10, 6}}}, {{{6, 9}, {10, 9}}}});
@@ -97,10 +101,30 @@ void drawToolGlyph(QPainter& painter, Glyph glyph) {
   }
 }
 
+void drawFlame(QPainter& painter) {
+  QPainterPath flame(QPointF(8, 1.8));
+  flame.cubicTo(9, 5, 12.8, 6.4, 12.6, 10);
+  flame.cubicTo(12.4, 15.4, 3.6, 15.4, 3.4, 10);
+  flame.cubicTo(3.4, 8, 4.6, 6.8, 5.4, 5.6);
+  flame.cubicTo(5.8, 7.4, 6.4, 7.8, 7, 8);
+  flame.cubicTo(7.6, 6, 7, 4, 8, 1.8);
+  painter.drawPath(flame);
+}
+
+void drawPlace(QPainter& painter) {
+  QPainterPath pin(QPointF(8, 14));
+  pin.cubicTo(1.6, 8.2, 3.6, 2, 8, 2);
+  pin.cubicTo(12.4, 2, 14.4, 8.2, 8, 14);
+  painter.drawPath(pin);
+  painter.drawEllipse(QPointF(8, 6.4), 1.8, 1.8);
+}
+
 void drawGlyph(QPainter& painter, Glyph glyph) {
   switch (glyph) {
     case Glyph::House:
-      drawStrokes(painter, {{{{2, 8}, {8, 2.5}, {14, 8}}}, {{{4, 6.6}, {4, 13.5}, {12, 13.5}, {12, 6.6}}}, {{{6.8, 13.5}, {6.8, 9.6}, {9.2, 9.6}, {9.2, 13.5}}}});
+      drawStrokes(painter, {{{{2, 8}, {8, 2.5}, {14, 8}}},
+                            {{{4, 6.6}, {4, 13.5}, {12, 13.5}, {12, 6.6}}},
+                            {{{6.8, 13.5}, {6.8, 9.6}, {9.2, 9.6}, {9.2, 13.5}}}});
       break;
     case Glyph::Clipboard:
       drawStrokes(painter, {{{{6, 3.2}, {3.5, 3.2}, {3.5, 14}, {12.5, 14}, {12.5, 3.2}, {10, 3.2}}},
@@ -112,31 +136,20 @@ void drawGlyph(QPainter& painter, Glyph glyph) {
                             {{{6, 2.5}, {6, 12}}},
                             {{{10, 4}, {10, 13.5}}}});
       break;
-    case Glyph::Place: {
-      QPainterPath pin(QPointF(8, 14));
-      pin.cubicTo(1.6, 8.2, 3.6, 2, 8, 2);
-      pin.cubicTo(12.4, 2, 14.4, 8.2, 8, 14);
-      painter.drawPath(pin);
-      painter.drawEllipse(QPointF(8, 6.4), 1.8, 1.8);
+    case Glyph::Flame:
+      drawFlame(painter);
       break;
-    }
+    case Glyph::Place:
+      drawPlace(painter);
+      break;
     case Glyph::Seal:
       painter.drawEllipse(QPointF(8, 6), 4, 4);
       drawStrokes(painter, {{{{5.6, 9.4}, {4.6, 14}, {8, 12.2}, {11.4, 14}, {10.4, 9.4}}}});
       break;
     case Glyph::Warning:
-      drawStrokes(painter, {{{{8, 2.2}, {14, 13.2}, {2, 13.2}, {8, 2.2}}}, {{{8, 6.4}, {8, 9.6}}}, {{{8, 11.3}, {8, 11.4}}}});
+      drawStrokes(painter,
+                  {{{{8, 2.2}, {14, 13.2}, {2, 13.2}, {8, 2.2}}}, {{{8, 6.4}, {8, 9.6}}}, {{{8, 11.3}, {8, 11.4}}}});
       break;
-    case Glyph::Flame: {
-      QPainterPath flame(QPointF(8, 1.8));
-      flame.cubicTo(9, 5, 12.8, 6.4, 12.6, 10);
-      flame.cubicTo(12.4, 15.4, 3.6, 15.4, 3.4, 10);
-      flame.cubicTo(3.4, 8, 4.6, 6.8, 5.4, 5.6);
-      flame.cubicTo(5.8, 7.4, 6.4, 7.8, 7, 8);
-      flame.cubicTo(7.6, 6, 7, 4, 8, 1.8);
-      painter.drawPath(flame);
-      break;
-    }
     case Glyph::Calendar:
       drawStrokes(painter, {{{{2.5, 3.5}, {13.5, 3.5}, {13.5, 13.5}, {2.5, 13.5}, {2.5, 3.5}}},
                             {{{2.5, 6.6}, {13.5, 6.6}}},
@@ -145,7 +158,8 @@ void drawGlyph(QPainter& painter, Glyph glyph) {
       break;
     case Glyph::Coin:
       painter.drawEllipse(QPointF(8, 8), 5.8, 5.8);
-      drawStrokes(painter, {{{{10, 5.8}, {6.4, 5.6}, {6.2, 7.6}, {9.8, 8.4}, {9.6, 10.4}, {6, 10.2}}}, {{{8, 4.2}, {8, 11.8}}}});
+      drawStrokes(painter,
+                  {{{{10, 5.8}, {6.4, 5.6}, {6.2, 7.6}, {9.8, 8.4}, {9.6, 10.4}, {6, 10.2}}}, {{{8, 4.2}, {8, 11.8}}}});
       break;
     default:
       drawToolGlyph(painter, glyph);

@@ -86,7 +86,8 @@ void claimKey(const std::string& key, KeyHolder holder, std::map<std::string, st
   taken[key].push_back(holder);
 }
 
-// An access key reaches what can be seen: two of a kind clash on one page, or when one of them stands outside the pages.
+// An access key reaches what can be seen: two of a kind clash on one page, or when one of them stands outside the
+// pages.
 void checkAccessKeys(const Screen& screen, const Layout& layout, std::vector<std::string>& problems) {
   std::map<std::string, std::vector<KeyHolder>> taken;
   int page = kOnEveryPage;

@@ -12,17 +12,17 @@
 
 namespace zelvo {
 
-/// One line of a layout table. A table is read from top to bottom, each row placing one control or opening a part of the
-/// window; the window's own order is toolbar, heading, what stands above the pages, the pages, the foot.
+/// One line of a layout table. A table is read from top to bottom, each row placing one control or opening a part of
+/// the window; the window's own order is toolbar, heading, what stands above the pages, the pages, the foot.
 struct LayoutRow {
   enum class Kind { Tool, ToolGap, Heading, Page, Column, Group, Field, Beside, Tile, Picture, Foot };
   Kind kind;
   std::string_view control;  ///< "Text1(18)"
   std::string_view caption;  ///< what stands before a field, with its access key ("&Owner"), or over a group
-  int width = 0;             ///< of a field in characters; 0 takes the room there is. A page's number. A column's share.
-  int height = 1;            ///< of a field in lines; kFill takes the room there is
+  int width = 0;   ///< of a field in characters; 0 takes the room there is. A page's number. A column's share.
+  int height = 1;  ///< of a field in lines; kFill takes the room there is
   Glyph glyph = Glyph::None;
-  int hue = 0;                ///< of a tile
+  int hue = 0;                 ///< of a tile
   std::string_view keys = {};  ///< that press a tool which has no access key: "Alt+Left"
 };
 
@@ -44,9 +44,13 @@ struct Layout {
 
 // The words of the layout tables.
 
-/// A button, or a label, of the toolbar.
+/// A button of the toolbar, or a label that is there now and then.
 constexpr LayoutRow tool(std::string_view id, Glyph glyph = Glyph::None, std::string_view keys = {}) {
   return {LayoutRow::Kind::Tool, id, {}, 0, 1, glyph, 0, keys};
+}
+/// A label of the toolbar that keeps its width, in characters, whatever it says: the buttons beside it stay in place.
+constexpr LayoutRow toolText(std::string_view id, int width) {
+  return {LayoutRow::Kind::Tool, id, {}, width};
 }
 /// A line between groups of tools.
 constexpr LayoutRow toolGap() {
@@ -110,7 +114,8 @@ class StackedLayout {
 const Layout* layoutFor(std::string_view screen);
 
 /// What is wrong between a screen and its table: a visible control that is nowhere or twice, a row for a control that
-/// is not there, a page that the tabs do not have, an access key that is given twice on one page. Empty when all is well.
+/// is not there, a page that the tabs do not have, an access key that is given twice on one page. Empty when all is
+/// well.
 std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layout);
 
 }  // namespace zelvo

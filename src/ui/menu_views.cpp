@@ -14,7 +14,8 @@ namespace {
 // A menu or an entry: it differs from a widget only in what carries the caption.
 class ActionView : public ControlView {
  public:
-  ActionView(Control& itsControl, UserActions& actions, QAction* action) : ControlView(itsControl, actions), action_(action) {
+  ActionView(Control& itsControl, UserActions& actions, QAction* action)
+      : ControlView(itsControl, actions), action_(action) {
     action_->setObjectName(QString::fromStdString(itsControl.id()));
   }
   QWidget* widget() const override { return nullptr; }
@@ -41,7 +42,8 @@ class ActionView : public ControlView {
 
 class MenuView : public ActionView {
  public:
-  MenuView(Menu& itsMenu, UserActions& actions, QMenu* menu) : ActionView(itsMenu, actions, menu->menuAction()), menu_(itsMenu) {}
+  MenuView(Menu& itsMenu, UserActions& actions, QMenu* menu)
+      : ActionView(itsMenu, actions, menu->menuAction()), menu_(itsMenu) {}
 
  protected:
   void showValue() override { show(menu_.caption, menu_.enabled); }
@@ -52,7 +54,8 @@ class MenuView : public ActionView {
 
 class EntryView : public ActionView {
  public:
-  EntryView(MenuEntry& itsEntry, UserActions& actions, QAction* action) : ActionView(itsEntry, actions, action), entry_(itsEntry) {
+  EntryView(MenuEntry& itsEntry, UserActions& actions, QAction* action)
+      : ActionView(itsEntry, actions, action), entry_(itsEntry) {
     if (itsEntry.caption == "-")
       action_->setSeparator(true);
     QObject::connect(action_, &QAction::triggered, action_, [this] { user.clicks(control_); });

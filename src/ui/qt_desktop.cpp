@@ -9,6 +9,7 @@
 #include "base/files.h"
 #include "ui/associations.h"
 #include "ui/qt_ports.h"
+#include "ui/qt_text.h"
 
 namespace zelvo {
 
@@ -36,8 +37,8 @@ ScreenSize QtDesktop::screenSize() {
 }
 
 Result<void> QtDesktop::switchDisplay(ScreenSize size) {
-  return Error{Trouble::Failed, "The display cannot be switched from here. Choose " + std::to_string(size.width) + " by " +
-                                    std::to_string(size.height) + " in the display settings of the desktop."};
+  return Error{Trouble::Failed, "The display cannot be switched from here. Choose " + std::to_string(size.width) +
+                                    " by " + std::to_string(size.height) + " in the display settings of the desktop."};
 }
 
 std::optional<std::string> QtDesktop::programFor(std::string_view path) {
@@ -45,13 +46,14 @@ std::optional<std::string> QtDesktop::programFor(std::string_view path) {
 }
 
 Result<void> QtDesktop::start(std::string_view commandLine) {
-  QStringList parts = QProcess::splitCommand(QString::fromUtf8(commandLine.data(), static_cast<qsizetype>(commandLine.size())));
+  QStringList parts = QProcess::splitCommand(qtText(commandLine));
   if (parts.isEmpty() || parts.first().isEmpty())
     return Error{Trouble::NotFound, "There is no program on this computer that opens " +
                                         (parts.size() > 1 ? parts[1].toStdString() : std::string("this")) + "."};
   const QString program = QString::fromStdString(systemPath(parts.takeFirst().toStdString()));
   if (!QProcess::startDetached(program, parts))
-    return Error{Trouble::Failed, "\"" + program.toStdString() + "\" could not be started. Check that it is installed."};
+    return Error{Trouble::Failed,
+                 "\"" + program.toStdString() + "\" could not be started. Check that it is installed."};
   return {};
 }
 

@@ -30,7 +30,8 @@ void QtFace::opened(Screen& screen, bool modal) {
 // The settings keep red in the lowest byte.
 QColor QtFace::coverColour() const {
   const std::uint32_t colour = session_.desktopColour;
-  return QColor(static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255), static_cast<int>(colour >> 16 & 255));
+  return QColor(static_cast<int>(colour & 255), static_cast<int>(colour >> 8 & 255),
+                static_cast<int>(colour >> 16 & 255));
 }
 
 void QtFace::cameToFront(Screen& screen) {

@@ -9,14 +9,11 @@
 #include <QTimer>
 
 #include "base/text.h"
+#include "ui/qt_text.h"
 
 namespace zelvo {
 
 namespace {
-
-QString qtText(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QMessageBox::StandardButton buttonOf(Answer answer) {
   switch (answer) {
@@ -91,7 +88,8 @@ QString chooserFilter(std::string_view filter) {
 std::optional<std::string> QtPickers::openFile(const FilePicker& picker) {
   QString path;
   face_.overWindows([&](QWidget* parent) {
-    path = QFileDialog::getOpenFileName(parent, qtText(picker.title), qtText(picker.folder), chooserFilter(picker.filter));
+    path =
+        QFileDialog::getOpenFileName(parent, qtText(picker.title), qtText(picker.folder), chooserFilter(picker.filter));
   });
   return chosenPath(path);
 }
@@ -99,7 +97,8 @@ std::optional<std::string> QtPickers::openFile(const FilePicker& picker) {
 std::optional<std::string> QtPickers::saveFile(const FilePicker& picker, std::string_view proposed) {
   QString path;
   face_.overWindows([&](QWidget* parent) {
-    const QString start = picker.folder.empty() ? qtText(proposed) : qtText(picker.folder + "/" + std::string(proposed));
+    const QString start =
+        picker.folder.empty() ? qtText(proposed) : qtText(picker.folder + "/" + std::string(proposed));
     path = QFileDialog::getSaveFileName(parent, qtText(picker.title), start, chooserFilter(picker.filter));
   });
   return chosenPath(path);
@@ -107,7 +106,8 @@ std::optional<std::string> QtPickers::saveFile(const FilePicker& picker, std::st
 
 std::optional<std::string> QtPickers::folder(std::string_view title, std::string_view start) {
   QString path;
-  face_.overWindows([&](QWidget* parent) { path = QFileDialog::getExistingDirectory(parent, qtText(title), qtText(start)); });
+  face_.overWindows(
+      [&](QWidget* parent) { path = QFileDialog::getExistingDirectory(parent, qtText(title), qtText(start)); });
   return chosenPath(path);
 }
 

@@ -21,6 +21,9 @@ ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
   }
   form_ = buildForm(*this, screen, *layout_, *this);
   statusBar()->setSizeGripEnabled(false);
+  for (const Control* control : screen.controls())
+    hasStatusLine_ = hasStatusLine_ || control->kind() == ControlKind::Tabs || control->kind() == ControlKind::Menu;
+  statusBar()->setVisible(hasStatusLine_);
   refresh();
 }
 
@@ -53,6 +56,7 @@ void ScreenWindow::refresh() {
   if (shownStatus_ != status) {
     shownStatus_ = status;
     statusBar()->showMessage(QString::fromStdString(shownStatus_));
+    statusBar()->setVisible(hasStatusLine_ || !shownStatus_.empty());
   }
   moveFocus();
 }
@@ -71,11 +75,13 @@ void ScreenWindow::open(QWidget* opener) {
   const QRect room = QWidget::screen()->availableGeometry();
   const QSize frame(16, 40);  // a window's border and title, which it does not count itself
   resize(sizeHint().boundedTo(room.size() - frame));
-  if (opener)
-    winId(), windowHandle()->setTransientParent(opener->windowHandle());
+  if (opener) {
+    winId();  // makes the handle
+    windowHandle()->setTransientParent(opener->windowHandle());
+  }
   if (opener && layout_->besideOpener)
     placeBeside(opener);
-  else
+  else if (height() + 2 * frame.height() < room.height())  // a large one is best placed by the desktop itself
     move(room.center() - QPoint((width() + frame.width()) / 2, (height() + frame.height()) / 2));
 }
 
@@ -91,8 +97,8 @@ void ScreenWindow::makeCover(const QColor& colour) {
 void ScreenWindow::placeBeside(QWidget* opener) {
   constexpr int kTwipsAnInch = 1440;
   const Layout::Offset offset = *layout_->besideOpener;
-  const QPoint corner = opener->frameGeometry().topLeft() + QPoint(offset.x * logicalDpiX() / kTwipsAnInch,
-                                                                   offset.y * logicalDpiY() / kTwipsAnInch);
+  const QPoint corner = opener->geometry().topLeft() +
+                        QPoint(offset.x * logicalDpiX() / kTwipsAnInch, offset.y * logicalDpiY() / kTwipsAnInch);
   move(corner);
 }
 
@@ -140,8 +146,8 @@ bool ScreenWindow::holdsUnreadable() {
   return false;
 }
 
-// Told when the present event is over, or before whatever the user does next: a handler may open a message, and must not
-// do so in the middle of a move of the focus.
+// Told when the present event is over, or before whatever the user does next: a handler may open a message, and must
+// not do so in the middle of a move of the focus.
 void ScreenWindow::leaves(Control& control) {
   if (!screen_)
     return;

@@ -20,8 +20,8 @@ class WindowHost {
   virtual void turnedTo(Screen& screen) = 0;
 };
 
-/// The window of one screen. It holds nothing of its own: each key typed is in its control at once, and what it shows is
-/// what the screen says. When the screen is closed the window lets go of it and can be destroyed at any later time.
+/// The window of one screen. It holds nothing of its own: each key typed is in its control at once, and what it shows
+/// is what the screen says. When the screen is closed the window lets go of it and can be destroyed at any later time.
 class ScreenWindow : public QMainWindow, private UserActions {
  public:
   ScreenWindow(Screen& screen, WindowHost& host);
@@ -66,7 +66,8 @@ class ScreenWindow : public QMainWindow, private UserActions {
   BuiltForm form_;
   Control* left_ = nullptr;  // whose leaving is still to be told
   std::string shownCaption_, shownStatus_;
-  std::string complaint_;  // stands at the foot until the user does something else
+  bool hasStatusLine_ = false;  // small windows show theirs only when it says something
+  std::string complaint_;       // stands at the foot until the user does something else
 };
 
 }  // namespace zelvo

@@ -3,9 +3,29 @@
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QWidget>
 
 namespace zelvo {
+
+namespace {
+
+// Buttons of message boxes carry their words alone, and access keys are always underlined.
+class HouseStyle : public QProxyStyle {
+ public:
+  HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* more) const override {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+      return 0;
+    if (hint == SH_UnderlineShortcut)
+      return 1;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+};
+
+}  // namespace
 
 bool isDark(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < 128;
@@ -27,7 +47,7 @@ int charactersWide(int characters) {
 }
 
 void applyHouseStyle(QApplication& app) {
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  QApplication::setStyle(new HouseStyle);
   QPalette colours = QApplication::palette();
   const QColor accent = isDark(colours) ? QColor(64, 138, 168) : QColor(42, 112, 150);
   colours.setColor(QPalette::Active, QPalette::Highlight, accent);

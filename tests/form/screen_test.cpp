@@ -61,13 +61,24 @@ TEST_F(ScreenTest, EveryControlTakesWhatItCanAndRefusesTheRest) {
     const char* shown;  // what it shows afterwards
     bool taken;
   };
-  const Row rows[] = {
-      {"Amount", "12 é", "12 é", true},    {"Amount", "two\nlines", "12 é", false}, {"Amount", "", "", true},
-      {"Text1(3)", "45", "45", true},      {"Tick", "1", "1", true},                {"Tick", "yes", "1", false},
-      {"Option2", "1", "1", true},         {"Option2", "0", "1", false},            {"Kind", "gaRAGE", "Garage", true},
-      {"Kind", "Barn", "Garage", false},   {"Kind", "", "", true},                  {"Day", "2/28/26", "02/28/2026", true},
-      {"Day", "2/30/26", "02/28/2026", false}, {"Day", "", "", true},               {"Pages", "2", "List", true},
-      {"Pages", "record", "&Record", true}, {"Pages", "3", "&Record", false},       {"Go", "x", "&Go", false}};
+  const Row rows[] = {{"Amount", "12 é", "12 é", true},
+                      {"Amount", "two\nlines", "12 é", false},
+                      {"Amount", "", "", true},
+                      {"Text1(3)", "45", "45", true},
+                      {"Tick", "1", "1", true},
+                      {"Tick", "yes", "1", false},
+                      {"Option2", "1", "1", true},
+                      {"Option2", "0", "1", false},
+                      {"Kind", "gaRAGE", "Garage", true},
+                      {"Kind", "Barn", "Garage", false},
+                      {"Kind", "", "", true},
+                      {"Day", "2/28/26", "02/28/2026", true},
+                      {"Day", "2/30/26", "02/28/2026", false},
+                      {"Day", "", "", true},
+                      {"Pages", "2", "List", true},
+                      {"Pages", "record", "&Record", true},
+                      {"Pages", "3", "&Record", false},
+                      {"Go", "x", "&Go", false}};
   for (const Row& row : rows) {
     Control& control = at.control(*screen, row.control);
     EXPECT_EQ(screen->userSets(control, row.value).ok(), row.taken) << row.control << " <- " << row.value;

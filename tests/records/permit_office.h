@@ -24,8 +24,7 @@ class PermitOffice : public ::testing::Test {
     EXPECT_TRUE(makeFolder(at.session.formsFolder).ok());
     for (const char* table : {"BLDGPERM", "SBL"})
       EXPECT_TRUE(createDatabase(path(findTable(table)->file), *findTable(table)).ok());
-    at.screens.learn("APermits",
-                     [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters); });
+    at.screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters); });
   }
 
   std::string path(std::string_view name) { return joinPath(at.session.dataFolder, name); }

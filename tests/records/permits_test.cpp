@@ -22,11 +22,25 @@ TEST_F(PermitOffice, FirstPermitOfAnEmptyOfficeIsStoredWithItsParcelAndNumber) {
   EXPECT_EQ(at.shown(permits, "ListView1"), "1 rows, 5 columns");
   auto row = permitsNow();
   ASSERT_EQ(row->RecordCount(), 1u);
-  const std::pair<const char*, const char*> stored[] = {
-      {"PERMIT", "26-1"},   {"BLDGPERMYY", "26"}, {"BLDGPRM", "1"},       {"SEC", "999"},    {"SUD", "5"},
-      {"BLK", "3"},         {"LOT", "45"},        {"OWNNAME1", "O'Brien, Zoë"}, {"APPXCOST", "125000"}, {"FILEFEE", "0"},
-      {"USEBLDG", "ONE FAMILY"}, {"PRMFOR", "Dwelling"}, {"FILEMONTH", "03"}, {"FILEDATE", "09"}, {"FILEYEAR", "26"},
-      {"VD3", "3/9/2026"},  {"VD4", "3/9/2026"},  {"VIOLOPEN", "O"},      {"BYUSER", "Clara Whitcombe-Sa"}};
+  const std::pair<const char*, const char*> stored[] = {{"PERMIT", "26-1"},
+                                                        {"BLDGPERMYY", "26"},
+                                                        {"BLDGPRM", "1"},
+                                                        {"SEC", "999"},
+                                                        {"SUD", "5"},
+                                                        {"BLK", "3"},
+                                                        {"LOT", "45"},
+                                                        {"OWNNAME1", "O'Brien, Zoë"},
+                                                        {"APPXCOST", "125000"},
+                                                        {"FILEFEE", "0"},
+                                                        {"USEBLDG", "ONE FAMILY"},
+                                                        {"PRMFOR", "Dwelling"},
+                                                        {"FILEMONTH", "03"},
+                                                        {"FILEDATE", "09"},
+                                                        {"FILEYEAR", "26"},
+                                                        {"VD3", "3/9/2026"},
+                                                        {"VD4", "3/9/2026"},
+                                                        {"VIOLOPEN", "O"},
+                                                        {"BYUSER", "Clara Whitcombe-Sa"}};
   for (const auto& [column, value] : stored)
     EXPECT_EQ(row->text(column), value) << column;
   EXPECT_EQ(*row->get("TSTAMP").moment(), at.time);
@@ -44,20 +58,17 @@ TEST_F(PermitOffice, WhatIsMissingIsListedInOrderAndStaysTyped) {
     const char* left;
     const char* missing;
   };
-  const Row rows[] = {{"Text1(1)", "--Permit\n"},
-                      {"Text1(18)", "--Owner\n"},
-                      {"Text1(17)", "--Owner Address\n"},
-                      {"Text1(34)", "--Property Location\n"},
-                      {"Text1(2)", "--S-B-L\n"},
-                      {"Text1(4)", "--S-B-L\n"}};
+  const Row rows[] = {{"Text1(1)", "--Permit\n"},         {"Text1(18)", "--Owner\n"},
+                      {"Text1(17)", "--Owner Address\n"}, {"Text1(34)", "--Property Location\n"},
+                      {"Text1(2)", "--S-B-L\n"},          {"Text1(4)", "--S-B-L\n"}};
   APermits& permits = open();
   for (const Row& row : rows) {
     SCOPED_TRACE(row.left);
     at.click(permits, "INew");
     typePermit(permits);
     at.set(permits, row.left, "  ");
-    at.expect(" Missing Information", std::string("Missing: ") + row.missing +
-                                          "\nPlease ensure required\nfields are filled in correctly.");
+    at.expect(" Missing Information",
+              std::string("Missing: ") + row.missing + "\nPlease ensure required\nfields are filled in correctly.");
     at.click(permits, "IAdd");
     EXPECT_EQ(at.shown(permits, "Text1(3)"), "3");
     at.click(permits, "ICancel");
@@ -115,7 +126,7 @@ TEST_F(PermitOffice, NextNumberComesFromTheLastRecordTheFileOrTheSeed) {
   };
   const Row rows[] = {{"26-12", nullptr, "-1", "26-13"},
                       {"26-12", "40", "-1", "26-40"},
-                      {"26-12", "2", "-1", "26-2"},   // the texts are compared: "2" stands above "13"
+                      {"26-12", "2", "-1", "26-2"},  // the texts are compared: "2" stands above "13"
                       {"26-12", "1000", "-1", "26-13"},
                       {"26-12", nullptr, "500", "26-500"}};
   addOther("26-12");
@@ -193,9 +204,11 @@ TEST_F(PermitOffice, BrowsingStaysOnTheFirstAndTheLast) {
   for (const char* key : {"26-1", "26-2", "26-3"})
     addOther(key);
   APermits& permits = open();
-  const std::pair<const char*, const char*> moves[] = {
-      {"IMovePrev", "Record 1 of 3"}, {"IMoveNext", "Record 2 of 3"},  {"IMoveLast", "Record 3 of 3"},
-      {"IMoveNext", "Record 3 of 3"}, {"IMoveFirst", "Record 1 of 3"}};
+  const std::pair<const char*, const char*> moves[] = {{"IMovePrev", "Record 1 of 3"},
+                                                       {"IMoveNext", "Record 2 of 3"},
+                                                       {"IMoveLast", "Record 3 of 3"},
+                                                       {"IMoveNext", "Record 3 of 3"},
+                                                       {"IMoveFirst", "Record 1 of 3"}};
   for (const auto& [button, where] : moves) {
     at.click(permits, button);
     EXPECT_EQ(at.shown(permits, "lblStatus"), where) << button;
@@ -207,8 +220,14 @@ TEST_F(PermitOffice, BrowsingStaysOnTheFirstAndTheLast) {
 TEST_F(PermitOffice, EditingLeavesWhatNobodyTouchedAsItWas) {
   addOther("26-1");
   auto other = permitsNow();
-  for (const auto& [column, value] : {std::pair{"OWNNAME1", "Smith"}, {"OWNADDR1", "12 Mill Road"}, {"SEC", "12"},
-                                      {"SUD", "4"}, {"BLK", "3"}, {"LOT", "45"}, {"LOCN1", "here"}, {"JOB", "J7"}})
+  for (const auto& [column, value] : {std::pair{"OWNNAME1", "Smith"},
+                                      {"OWNADDR1", "12 Mill Road"},
+                                      {"SEC", "12"},
+                                      {"SUD", "4"},
+                                      {"BLK", "3"},
+                                      {"LOT", "45"},
+                                      {"LOCN1", "here"},
+                                      {"JOB", "J7"}})
     other->set(column, value);
   other->set("APPXCOST", 1234567.25);
   ASSERT_TRUE(other->Update().ok());

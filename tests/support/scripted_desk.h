@@ -14,12 +14,7 @@ namespace zelvo::testing {
 
 /// A desk whose outside world follows a script. Every message is compared with the one expected; one that was not
 /// expected, and one that never came, fail the test.
-class ScriptedDesk : private Messages,
-                     private Pickers,
-                     private Printing,
-                     private Desktop,
-                     private Clock,
-                     private Face {
+class ScriptedDesk : private Messages, private Pickers, private Printing, private Desktop, private Clock, private Face {
  public:
   ScriptedDesk() { screens.attach(desk); }
   ~ScriptedDesk() {

@@ -2,24 +2,21 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QShortcut>
 
 #include "sample_screen.h"
 
 namespace zelvo::testing {
 namespace {
 
-struct Disagreement {
-  const char* what;
-  std::vector<LayoutRow> rows;
-  const char* says;
-};
-
 class LayoutTest : public WindowTest {
  protected:
   std::vector<LayoutRow> whole() const {
-    return {field("Text1(2)"), field("Text1(18)", "&Owner"), field("Combo1"), field("Combo2"), field("DTPicker1"),
-            field("Check3"),   field("Text2"),               field("ListView1"), foot("ask"), foot("cmdOK"), foot("Quit")};
+    return {field("Text1(2)"),  field("Text1(18)", "&Owner"),
+            field("Combo1"),    field("Combo2"),
+            field("DTPicker1"), field("Check3"),
+            field("Text2"),     field("ListView1"),
+            foot("ask"),        foot("cmdOK"),
+            foot("Quit")};
   }
 };
 
@@ -77,6 +74,29 @@ TEST_F(LayoutTest, CaptionsLeadToTheirFieldsAndForgottenControlsAreStillThere) {
   EXPECT_EQ(caption->text(), "&Owner *") << "marked, since it must be filled";
   for (const Control* control : screen->controls())
     EXPECT_TRUE(built.findChild<QObject*>(QString::fromStdString(control->id()))) << control->id();
+  delete built.takeCentralWidget();
+}
+
+TEST_F(LayoutTest, ColumnsGoBelowEachOtherWhereTheWindowIsNarrow) {
+  const std::vector<LayoutRow> rows = {column(), field("Text1(2)", "Section", 12),
+                                       column(), field("Text1(18)", "Owner", 12),
+                                       column(), field("Text2", "Notes", 0, kFill)};
+  QMainWindow built;
+  Nobody nobody;
+  const BuiltForm form = buildForm(built, *screen, {"SampleFrm", rows}, nobody);
+  const auto place = [&](const char* id) {
+    const auto* box = built.findChild<QWidget*>(id);
+    return QRect(box->mapTo(&built, QPoint(0, 0)), box->size());
+  };
+  built.show();
+  built.resize(1300, 500);
+  settle();
+  EXPECT_EQ(place("Text1(2)").top(), place("Text1(18)").top());
+  EXPECT_GT(place("Text1(18)").left(), place("Text1(2)").right());
+  built.resize(300, 500);
+  settle();
+  EXPECT_GT(place("Text1(18)").top(), place("Text1(2)").bottom());
+  EXPECT_LE(place("Text1(18)").right(), 300) << "a page is scrolled downward, never sideways";
   delete built.takeCentralWidget();
 }
 

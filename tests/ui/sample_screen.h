@@ -28,9 +28,8 @@ class SampleScreen : public Screen {
     onLeave(Text1(18), [this] { heard("left owner"); });
     onClick(cmdOK, [this] { heard("ok " + Text1(18).text); });
     onClick(Quit, [this] { closeMe(); });
-    onClick(ask, [this] {
-      heard(desk.messages.confirm(" Record Void", "Void it?", Icon::Exclamation) ? "yes" : "no");
-    });
+    onClick(ask,
+            [this] { heard(desk.messages.confirm(" Record Void", "Void it?", Icon::Exclamation) ? "yes" : "no"); });
     onClick(permits, [this] { heard("menu"); });
     onClick(Check3, [this] { Text1(18).enabled = !Check3.checked; });
     onChoose(ListView1, [this] { heard("row " + std::to_string(*ListView1.selected)); });

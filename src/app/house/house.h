@@ -8,8 +8,8 @@
 
 namespace zelvo {
 
-/// Everything between the store and the faces, put together: it makes every screen known by its name, and holds what record
-/// screens share, the parcel registry and the letters. Must outlive the screens of its desk.
+/// Everything between the store and the faces, put together: it makes every screen known by its name, and holds what
+/// record screens share, the parcel registry and the letters. Must outlive the screens of its desk.
 class House {
  public:
   explicit House(Desk& desk);

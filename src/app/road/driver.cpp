@@ -3,11 +3,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 #include <QtTest>
 #include <cstdio>
 #include <utility>
@@ -17,7 +20,7 @@ namespace zelvo {
 namespace {
 
 constexpr int kTick = 40;          // milliseconds between two looks at the windows
-constexpr int kPatience = 60'000;  // milliseconds that a step may wait for its window
+constexpr int kPatience = 20'000;  // milliseconds that a step may wait for its window
 
 QMessageBox* messageBox(const QString& title) {
   auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -26,26 +29,30 @@ QMessageBox* messageBox(const QString& title) {
 
 }  // namespace
 
-Driver::Driver(QtHouse& windows, QString pictureFolder) : windows_(windows), folder_(std::move(pictureFolder)) {
-  connect(&timer_, &QTimer::timeout, this, &Driver::tick);
-}
+Driver::Driver(QtHouse& windows, QString pictureFolder) : windows_(windows), folder_(std::move(pictureFolder)) {}
 
 void Driver::add(QString waitsFor, std::function<bool()> ready, Deed deed) {
   steps_.push_back({std::move(waitsFor), std::move(ready), std::move(deed)});
 }
 
 void Driver::inScreen(const std::string& screen, Deed deed) {
-  const auto ready = [this, screen] {
+  const auto window = [this, screen]() -> QWidget* {
     const Screen* front = windows_.desk.screens.front();
-    front_ = front && front->name() == screen ? windows_.face.windowOf(*front) : nullptr;
+    QWidget* shown = front && front->name() == screen ? windows_.face.windowOf(*front) : nullptr;
     const QWidget* modal = QApplication::activeModalWidget();
-    return front_ && front_->isVisible() && (!modal || modal == front_);
+    return shown && shown->isVisible() && (!modal || modal == shown) ? shown : nullptr;
   };
-  add("the screen " + QString::fromStdString(screen), ready, std::move(deed));
+  add(
+      "the screen " + QString::fromStdString(screen), [window] { return window() != nullptr; },
+      [this, window, deed = std::move(deed)] {
+        front_ = window();
+        deed();
+      });
 }
 
 void Driver::answer(const QString& title, const QString& button) {
-  add("the message \"" + title + "\"", [title] { return messageBox(title) != nullptr; },
+  add(
+      "the message \"" + title + "\"", [title] { return messageBox(title) != nullptr; },
       [this, title, button] {
         QMessageBox* box = messageBox(title);
         save(*box, "message");
@@ -57,13 +64,29 @@ void Driver::answer(const QString& title, const QString& button) {
 }
 
 void Driver::chooseFile(const QString& path) {
-  add("the file chooser", [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
+  add(
+      "the file chooser", [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()) != nullptr; },
       [path] {
         auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
-        name->clear();
-        QTest::keyClicks(name, path);
-        QTest::keyClick(name, Qt::Key_Return);
+        name->setText(path);  // typed, it would open the chooser's own proposals, which take the next click
+        QTest::mouseClick(chooser->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save), Qt::LeftButton);
+      });
+}
+
+void Driver::printToPdf() {
+  add(
+      "the choice of a printer",
+      [] {
+        const QWidget* modal = QApplication::activeModalWidget();
+        return modal && modal->windowTitle() == "Print" && modal->findChild<QComboBox*>();
+      },
+      [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        auto* printers = dialog->findChild<QComboBox*>();
+        printers->setFocus();
+        QTest::keyClick(printers, Qt::Key_End);
+        QTest::keyClick(dialog, Qt::Key_Return);
       });
 }
 
@@ -113,8 +136,7 @@ void Driver::picture(const QString& name) {
 
 void Driver::save(QWidget& seen, const QString& name) {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  const QString path =
-      QDir(folder_).filePath(QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name));
+  const QString path = QDir(folder_).filePath(QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name));
   if (!seen.grab().save(path))
     return fail("the picture " + path + " could not be written");
   std::printf("%s\n", qPrintable(path));
@@ -123,13 +145,19 @@ void Driver::save(QWidget& seen, const QString& name) {
 
 void Driver::start() {
   waiting_.start();
-  timer_.start(kTick);
+  lookAgain();
+}
+
+// Each look has a timer of its own: one that is being served does not fire again in the loop of a box that it opened.
+void Driver::lookAgain() {
+  QTimer::singleShot(kTick, this, &Driver::tick);
 }
 
 // A step may wait inside itself for a box that the next step answers: the next one is current before this one begins.
 void Driver::tick() {
   if (steps_.empty() || !trouble_.isEmpty())
-    return timer_.stop();
+    return;
+  lookAgain();
   if (!steps_.front().ready()) {
     if (waiting_.elapsed() > kPatience)
       fail("waited in vain for " + steps_.front().waitsFor);
@@ -145,13 +173,12 @@ void Driver::fail(const QString& why) {
   if (!trouble_.isEmpty())
     return;
   trouble_ = why;
-  timer_.stop();
   std::fprintf(stderr, "zelvo-road: %s\n", qPrintable(why));
   windows_.desk.end("the road could not be gone");
   for (QWidget* modal = QApplication::activeModalWidget(); modal; modal = QApplication::activeModalWidget())
     if (!modal->close())
       break;
-  windows_.face.refresh();
+  windows_.face.processEvents();
 }
 
 }  // namespace zelvo

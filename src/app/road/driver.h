@@ -2,7 +2,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 #include <deque>
 #include <functional>
 #include <string>
@@ -22,6 +21,8 @@ class Driver : public QObject {
   void inScreen(const std::string& screen, Deed deed);
   /// A step in the message box of that title: pictured, then answered by its button.
   void answer(const QString& title, const QString& button);
+  /// A step in the choice of a printer: takes the last one, the PDF file.
+  void printToPdf();
   /// A step in the file chooser: takes this path.
   void chooseFile(const QString& path);
 
@@ -44,6 +45,7 @@ class Driver : public QObject {
     Deed deed;
   };
   void add(QString waitsFor, std::function<bool()> ready, Deed deed);
+  void lookAgain();
   void tick();
   void fail(const QString& why);
   QWidget* widget(const std::string& control);
@@ -52,7 +54,6 @@ class Driver : public QObject {
   QtHouse& windows_;
   QString folder_;
   std::deque<Step> steps_;
-  QTimer timer_;
   QElapsedTimer waiting_;
   int pictures_ = 0;
   QString trouble_;

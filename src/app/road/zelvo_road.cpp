@@ -1,5 +1,5 @@
-// zelvo-road: takes the road of one building permit through the real windows, and leaves a picture of every screen on it
-// and the printed permit.
+// zelvo-road: takes the road of one building permit through the real windows, and leaves a picture of every screen on
+// it and the printed permit.
 
 #include <QApplication>
 #include <QDir>
@@ -65,9 +65,11 @@ void planRoad(Driver& clerk, const QString& pdf) {
   });
   clerk.inScreen("PrintFrm", [&clerk] {
     clerk.pick("Combo1", "Building Permit");
+    clerk.press("Check3");
     clerk.picture("print-options");
     clerk.press("cmdPrint");
   });
+  clerk.printToPdf();
   clerk.chooseFile(pdf);
 }
 
@@ -75,12 +77,15 @@ int takeRoad(const QString& programFolder, const QString& folder) {
   const QString pdf = QDir(folder).absoluteFilePath("building-permit.pdf");
   Session session;
   Screens screens;
-  QtHouse windows(session, screens, programFolder.toStdString());
+  QtHouse windows(session, screens);
   House house(windows.desk);
   StartUp startUp(windows.desk, programFolder.toStdString());
   Driver clerk(windows, folder);
   planRoad(clerk, pdf);
-  clerk.inScreen("APermits", [&windows] { windows.desk.end("the road is gone"); });
+  clerk.inScreen("APermits", [&windows] {
+    windows.desk.end("the road is gone");
+    windows.face.processEvents();
+  });
   clerk.start();
   startUp.Main();
   if (!windows.desk.ended())

@@ -5,7 +5,8 @@
 
 namespace zelvo {
 
-/// Building permits: who owns the parcel, who designs and builds, where, what is built and for what use, dates, fees, open or closed.
+/// Building permits: who owns the parcel, who designs and builds, where, what is built and for what use, dates, fees,
+/// open or closed.
 class APermits : public RecordScreen {
  public:
   APermits(Desk& desk, mdb& parcels, LetterPrinter& letters);

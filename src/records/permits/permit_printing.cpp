@@ -1,4 +1,5 @@
-// Printing of permit documents: which letter belongs to which entry of the print menu, and what the letters are filled with.
+// Printing of permit documents: which letter belongs to which entry of the print menu, and what the letters are filled
+// with.
 
 #include "base/files.h"
 #include "base/text.h"
@@ -15,17 +16,18 @@ struct PermitDocument {
 };
 
 constexpr PermitDocument kDocuments[] = {
-    {"Building Permit", "\\bldgperm.rtf"},  {"Expiring Permit", "\\expiring.rtf"},
-    {"Expired Permit", "\\expired.rtf"},    {"Permit Notice", "\\pnotice.rtf"},
-    {"Blank Red Ball", "\\predball.rtf"},   {"Label for Mailing", "lab.rtf"},
+    {"Building Permit", "\\bldgperm.rtf"},       {"Expiring Permit", "\\expiring.rtf"},
+    {"Expired Permit", "\\expired.rtf"},         {"Permit Notice", "\\pnotice.rtf"},
+    {"Blank Red Ball", "\\predball.rtf"},        {"Label for Mailing", "lab.rtf"},
     {"Disapproval Notice", "\\disapproval.rtf"},
 };
 
-// The numbered values of a permit letter, 1 to 25, by the column that each shows. docs/letters.md lists them for the office.
+// The numbered values of a permit letter, 1 to 25, by the column that each shows. docs/letters.md lists them for the
+// office.
 constexpr std::string_view kValues[] = {
-    "PERMIT",   "VD3",      "VD4",       "OWNNAME1",  "OWNADDR1", "LOCN1",    "",        "USEBLDG", "PRMFOR",
-    "DATA1",    "BLDGNAME1", "BLDGADDR1", "ARCHNAME1", "ARCHADDR1", "APPXCOST", "FILEFEE", "COFEE",   "ZONED",
-    "DIMBLDG",  "DIMLOT",   "STORIES",   "FAMILIES",  "ROOMS",    "BATHS",    "NOTES"};
+    "PERMIT",  "VD3",       "VD4",       "OWNNAME1",  "OWNADDR1",  "LOCN1",    "",        "USEBLDG", "PRMFOR",
+    "DATA1",   "BLDGNAME1", "BLDGADDR1", "ARCHNAME1", "ARCHADDR1", "APPXCOST", "FILEFEE", "COFEE",   "ZONED",
+    "DIMBLDG", "DIMLOT",    "STORIES",   "FAMILIES",  "ROOMS",     "BATHS",    "NOTES"};
 static_assert(std::size(kValues) == 25);
 constexpr std::size_t kParcelValue = 7;
 

@@ -4,8 +4,8 @@ namespace zelvo {
 
 namespace {
 
-// The whole permit on one page: what it is, whose it is, what is built. Texts that run long stand over the full width of
-// their column; numbers that belong together share a line.
+// The whole permit on one page: what it is, whose it is, what is built. Texts that run long stand over the full width
+// of their column; numbers that belong together share a line.
 constexpr LayoutRow kAPermitsRows[] = {
     tool("INew", Glyph::New),
     tool("IAdd", Glyph::Add),
@@ -15,12 +15,10 @@ constexpr LayoutRow kAPermitsRows[] = {
     toolGap(),
     tool("IMoveFirst", Glyph::First, "Alt+Home"),
     tool("IMovePrev", Glyph::Previous, "Alt+Left"),
-    tool("lblStatus"),
+    toolText("lblStatus", 24),
     tool("IMoveNext", Glyph::Next, "Alt+Right"),
     tool("IMoveLast", Glyph::Last, "Alt+End"),
     toolGap(),
-    tool("ILocate", Glyph::Find),
-    tool("iReset", Glyph::Reset),
     tool("delr", Glyph::Void),
     tool("recinfod", Glyph::Info),
     tool("iPrint", Glyph::Print),
@@ -88,9 +86,9 @@ constexpr LayoutRow kAPermitsRows[] = {
     beside("Text1(36)", "Families", 6),
     field("Text1(37)", "Bedrooms", 6),
     beside("Text1(38)", "Baths", 6),
-    group("Notes"),
     field("Check2"),
-    beside("Text5", {}, 16),
+    beside("Text5", "Remark", 16),
+    group("Notes"),
     field("Text1(42)", {}, 0, kFill),
 
     page(1),

@@ -3,8 +3,8 @@
 namespace zelvo {
 
 const Layout* layoutFor(std::string_view screen) {
-  static constexpr const Layout* kLayouts[] = {&kPswFrmLayout,  &kPswHelpLayout, &kUserEditLayout, &kAboutLayout,
-                                               &kLoadingLayout, &kPreviewLayout, &kCoordsLayout,   &kMenuFrmLayout,
+  static constexpr const Layout* kLayouts[] = {&kPswFrmLayout,   &kPswHelpLayout, &kUserEditLayout, &kAboutLayout,
+                                               &kLoadingLayout,  &kPreviewLayout, &kCoordsLayout,   &kMenuFrmLayout,
                                                &kPrintFrmLayout, &kAPermitsLayout};
   for (const Layout* layout : kLayouts)
     if (layout->screen == screen)

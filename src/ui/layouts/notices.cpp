@@ -5,11 +5,7 @@ namespace zelvo {
 namespace {
 
 constexpr LayoutRow kAboutRows[] = {
-    heading("lblTitle"),
-    group(),
-    field("lblPurpose"),
-    field("lblMunicipality"),
-    foot("cmdOK"),
+    heading("lblTitle"), group(), field("lblPurpose"), field("lblMunicipality"), foot("cmdOK"),
 };
 
 constexpr LayoutRow kLoadingRows[] = {
@@ -22,13 +18,8 @@ constexpr LayoutRow kPreviewRows[] = {
 };
 
 constexpr LayoutRow kCoordsRows[] = {
-    group(),
-    field("Label1"),
-    beside("Text1", {}, 14),
-    field("Label2"),
-    beside("Text2", {}, 14),
-    foot("cmdOK"),
-    foot("cmdCancel"),
+    group(),       field("Label1"),   beside("Text1", {}, 14), field("Label2"), beside("Text2", {}, 14),
+    foot("cmdOK"), foot("cmdCancel"),
 };
 
 }  // namespace

@@ -5,14 +5,8 @@ namespace zelvo {
 namespace {
 
 constexpr LayoutRow kPswFrmRows[] = {
-    group(),
-    field("Label1"),
-    beside("Text1", {}, 24),
-    field("Label2"),
-    beside("Text2", {}, 24),
-    foot("image6"),
-    foot("cmdOK"),
-    foot("cmdCancel"),
+    group(),        field("Label1"), beside("Text1", {}, 24), field("Label2"), beside("Text2", {}, 24),
+    foot("image6"), foot("cmdOK"),   foot("cmdCancel"),
 };
 
 constexpr LayoutRow kPswHelpRows[] = {
@@ -22,15 +16,8 @@ constexpr LayoutRow kPswHelpRows[] = {
 };
 
 constexpr LayoutRow kUserEditRows[] = {
-    group(),
-    field("Label1"),
-    beside("Text1", {}, 24),
-    field("Label2"),
-    beside("Text2", {}, 24),
-    field("Label3"),
-    beside("Combo1", {}, 16),
-    foot("Command1"),
-    foot("Command2"),
+    group(),         field("Label1"),          beside("Text1", {}, 24), field("Label2"),  beside("Text2", {}, 24),
+    field("Label3"), beside("Combo1", {}, 16), foot("Command1"),        foot("Command2"),
 };
 
 }  // namespace

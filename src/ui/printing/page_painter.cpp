@@ -6,6 +6,7 @@
 #include <QPdfWriter>
 
 #include "ui/printing/paper_font.h"
+#include "ui/qt_text.h"
 
 namespace zelvo {
 
@@ -27,8 +28,8 @@ void paintPicture(QPainter& painter, const PicturePiece& piece) {
   if (!piece.picture)
     return;
   const Picture& picture = *piece.picture;
-  const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(picture.bytes.data()),
-                                        static_cast<int>(picture.bytes.size()));
+  const QImage image =
+      QImage::fromData(reinterpret_cast<const uchar*>(picture.bytes.data()), static_cast<int>(picture.bytes.size()));
   if (image.isNull())
     return;
   const double width = image.width();
@@ -66,7 +67,7 @@ Result<std::string> pdfOf(const PagedDocument& document, std::string_view title)
   bytes.open(QIODevice::WriteOnly);
   QPdfWriter writer(&bytes);
   writer.setResolution(kTwipsAnInch);
-  writer.setTitle(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+  writer.setTitle(qtText(title));
   writer.setCreator(QStringLiteral("Zelvo"));
   writer.setPageLayout(QPageLayout(paperOf(document), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
   QPainter painter;

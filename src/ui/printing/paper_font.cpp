@@ -1,4 +1,5 @@
 #include "ui/printing/paper_font.h"
+#include "ui/qt_text.h"
 
 #include "base/text.h"
 
@@ -38,7 +39,7 @@ const QFontMetricsF& QtFontMeasure::metricsOf(const TextFont& font) const {
 }
 
 double QtFontMeasure::advance(const TextFont& font, std::string_view text) const {
-  return metricsOf(font).horizontalAdvance(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+  return metricsOf(font).horizontalAdvance(qtText(text));
 }
 
 FontHeights QtFontMeasure::heights(const TextFont& font) const {

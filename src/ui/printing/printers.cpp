@@ -32,7 +32,9 @@ class JobOptions {
   JobOptions(const JobOptions&) = delete;
   JobOptions& operator=(const JobOptions&) = delete;
 
-  void set(const char* name, const std::string& value) { count_ = cupsAddOption(name, value.c_str(), count_, &options_); }
+  void set(const char* name, const std::string& value) {
+    count_ = cupsAddOption(name, value.c_str(), count_, &options_);
+  }
   int count() const { return count_; }
   cups_option_t* options() const { return options_; }
 
@@ -64,8 +66,9 @@ Result<int> sendToPrinter(const std::string& printer, const std::string& pdfPath
                                     options.count(), options.options());
   if (number > 0)
     return number;
-  return Error{Trouble::Failed, "The printer \"" + printer + "\" did not take \"" + job.title + "\": " +
-                                    cupsLastErrorString() + ". Choose another printer, or put this one right and print again."};
+  return Error{Trouble::Failed, "The printer \"" + printer + "\" did not take \"" + job.title +
+                                    "\": " + cupsLastErrorString() +
+                                    ". Choose another printer, or put this one right and print again."};
 }
 
 }  // namespace zelvo

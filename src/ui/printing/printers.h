@@ -25,8 +25,8 @@ struct PaperJob {
 /// All printers, the default one first. Empty when there is none, or nothing on this computer prints.
 std::vector<Printer> reachablePrinters();
 
-/// Hands a PDF file to a printer; gives the number of the job. A printer that takes no jobs, is unknown or refuses is an
-/// error with the reason: nothing that was printed disappears silently.
+/// Hands a PDF file to a printer; gives the number of the job. A printer that takes no jobs, is unknown or refuses is
+/// an error with the reason: nothing that was printed disappears silently.
 Result<int> sendToPrinter(const std::string& printer, const std::string& pdfPath, const PaperJob& job);
 
 }  // namespace zelvo

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "documents/document_reader.h"
 #include "ui/printing/page_painter.h"
+#include "ui/qt_text.h"
 
 namespace zelvo {
 
@@ -55,7 +56,8 @@ Result<void> QtPrinting::print(const PrintJob& job) {
     return sendPdf(job, *pdf, job.options.printer);
   if (!printers.empty())
     return sendPdf(job, *pdf, printers.front().name);
-  messages_.tell(" No printer", "There is no printer on this computer.\nThe document can be saved as a PDF file instead.");
+  messages_.tell(" No printer",
+                 "There is no printer on this computer.\nThe document can be saved as a PDF file instead.");
   return savePdf(job, *pdf);
 }
 
@@ -86,7 +88,7 @@ bool QtPrinting::choosePrinter(PrintOptions& options) {
     auto* names = new QComboBox(&dialog);
     for (const Printer& printer : printers)
       names->addItem(shownName(printer), QString::fromStdString(printer.name));
-    const QString save = QString::fromUtf8(kSavePdf.data(), static_cast<qsizetype>(kSavePdf.size()));
+    const QString save = qtText(kSavePdf);
     names->addItem(save, save);
     names->setCurrentIndex(std::max(0, names->findData(QString::fromStdString(options.printer))));
     auto* copies = new QSpinBox(&dialog);
