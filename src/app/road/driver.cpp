@@ -155,7 +155,9 @@ void Driver::lookAgain() {
 
 // A step may wait inside itself for a box that the next step answers: the next one is current before this one begins.
 void Driver::tick() {
-  if (steps_.empty() || !trouble_.isEmpty())
+  if (!trouble_.isEmpty())
+    return giveUp();
+  if (steps_.empty())
     return;
   lookAgain();
   if (!steps_.front().ready()) {
@@ -175,9 +177,13 @@ void Driver::fail(const QString& why) {
   trouble_ = why;
   std::fprintf(stderr, "zelvo-road: %s\n", qPrintable(why));
   windows_.desk.end("the road could not be gone");
-  for (QWidget* modal = QApplication::activeModalWidget(); modal; modal = QApplication::activeModalWidget())
-    if (!modal->close())
-      break;
+}
+
+// Closes box after box, since one that is closed may bring up the next, until the program is out of its loops.
+void Driver::giveUp() {
+  lookAgain();
+  if (QWidget* modal = QApplication::activeModalWidget())
+    modal->close();
   windows_.face.processEvents();
 }
 

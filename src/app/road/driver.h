@@ -48,6 +48,7 @@ class Driver : public QObject {
   void lookAgain();
   void tick();
   void fail(const QString& why);
+  void giveUp();
   QWidget* widget(const std::string& control);
   void save(QWidget& seen, const QString& name);
 

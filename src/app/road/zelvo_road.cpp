@@ -75,6 +75,7 @@ void planRoad(Driver& clerk, const QString& pdf) {
 
 int takeRoad(const QString& programFolder, const QString& folder) {
   const QString pdf = QDir(folder).absoluteFilePath("building-permit.pdf");
+  QFile::remove(pdf);
   Session session;
   Screens screens;
   QtHouse windows(session, screens);
