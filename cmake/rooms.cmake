@@ -54,7 +54,7 @@ function(zelvo_room_tests room folder face)
   target_include_directories(${room}_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
   target_compile_definitions(${room}_tests PRIVATE ZELVO_BIN="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}"
                                                    ZELVO_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/${folder}/files")
-  target_link_libraries(${room}_tests PRIVATE ${room} ${ZELVO_EXTRA_${room}} GTest::gtest)
+  target_link_libraries(${room}_tests PRIVATE ${room} ${ZELVO_TESTS_OF_${room}_USE} GTest::gtest)
   if(face)
     target_link_libraries(${room}_tests PRIVATE Qt6::Test)
   endif()

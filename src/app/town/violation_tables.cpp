@@ -94,7 +94,7 @@ constexpr std::size_t kStride = 7919;
 
 std::string_view actionAfter(long days, Dice& dice) {
   if (days > 150)
-    return dice.chance(85) ? "C" : "P";
+    return dice.chance(80) ? "C" : dice.chance(50) ? "P" : "O";
   return dice.chance(20) ? "C" : dice.chance(50) ? "P" : "O";
 }
 
