@@ -14,6 +14,9 @@ RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
       numbering_(itsDesk.session, kind.numbering) {
   lblVoided.warning = Label28.warning = true;
   lblVoided.visible = Label28.visible = false;
+  for (Button* button : {&INew, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr,
+                         &recinfod, &iPrint})
+    button->enabled = false;  // until the records are open
   bindButtons();
 }
 

@@ -40,6 +40,8 @@ void Driver::inScreen(const std::string& screen, Deed deed) {
     const Screen* front = windows_.desk.screens.front();
     QWidget* shown = front && front->name() == screen ? windows_.face.windowOf(*front) : nullptr;
     const QWidget* modal = QApplication::activeModalWidget();
+    if (windows_.face.handlerRuns())  // a clerk's keys would wait as well
+      return nullptr;
     return shown && shown->isVisible() && (!modal || modal == shown) ? shown : nullptr;
   };
   add(
