@@ -126,6 +126,8 @@ class ComboView : public ControlView {
     if (shown_ == text.toStdString())
       return;
     shown_ = text.toStdString();
+    if (!combo_.freeText)
+      widget_->showText(text);
     user.sets(control_, shown_);
   }
 
