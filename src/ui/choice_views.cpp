@@ -11,7 +11,7 @@
 #include "base/text.h"
 #include "ui/control_view.h"
 #include "ui/date_box.h"
-#include "ui/style.h"
+#include "ui/entry_view.h"
 
 namespace zelvo {
 
@@ -148,22 +148,15 @@ class ComboView : public ControlView {
   std::string shown_;
 };
 
-class DateView : public ControlView {
+class DateView : public EntryView<DateBox> {
  public:
   DateView(DatePicker& picker, UserActions& actions, QWidget* parent)
-      : ControlView(picker, actions), picker_(picker), widget_(new DateBox(parent)) {
+      : EntryView(picker, actions, new DateBox(parent)), picker_(picker) {
     QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& text) { typed(text); });
     widget_->picked = [this](const QString& day) {
       widget_->setText(day);
       typed(day);
     };
-    watchFocus(widget_);
-  }
-  QWidget* widget() const override { return widget_; }
-  void takeFocus(bool selectAll) override {
-    widget_->setFocus(Qt::OtherFocusReason);
-    if (selectAll)
-      widget_->selectAll();
   }
   std::string unreadable() const override {
     return readable_
@@ -174,10 +167,7 @@ class DateView : public ControlView {
  protected:
   // What the user is typing stays as typed while it can be read as what the control holds.
   void showValue() override {
-    if (widget_->isReadOnly() != picker_.locked) {
-      widget_->setReadOnly(picker_.locked);
-      showFlat(widget_, picker_.locked);
-    }
+    showLocked();
     if (shown_ == picker_.date)
       return;
     shown_ = picker_.date;
@@ -213,7 +203,6 @@ class DateView : public ControlView {
   }
 
   DatePicker& picker_;
-  DateBox* widget_;
   std::optional<Date> shown_;
   bool readable_ = true;
 };

@@ -2,44 +2,32 @@
 #include <QPlainTextEdit>
 
 #include "base/text.h"
-#include "ui/control_view.h"
-#include "ui/style.h"
+#include "ui/entry_view.h"
 
 namespace zelvo {
 
 namespace {
 
-class LineView : public ControlView {
+class LineView : public EntryView<QLineEdit> {
  public:
   LineView(TextBox& box, UserActions& actions, QWidget* parent)
-      : ControlView(box, actions), box_(box), widget_(new QLineEdit(parent)) {
+      : EntryView(box, actions, new QLineEdit(parent)), box_(box) {
     if (box.password)
       widget_->setEchoMode(QLineEdit::Password);
     QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& text) {
       shown_ = text.toStdString();
       user.sets(control_, shown_);
     });
-    limitLength();
-    watchFocus(widget_);
-  }
-  QWidget* widget() const override { return widget_; }
-  void takeFocus(bool selectAll) override {
-    widget_->setFocus(Qt::OtherFocusReason);
-    if (selectAll)
-      widget_->selectAll();
   }
 
  protected:
   void showValue() override {
-    if (widget_->isReadOnly() != box_.locked) {
-      widget_->setReadOnly(box_.locked);
-      showFlat(widget_, box_.locked);
-    }
+    showLocked();
+    limitLength();
     if (shown_ == box_.text)
       return;
     shown_ = box_.text;
     const int cursor = widget_->cursorPosition();
-    limitLength();
     widget_->setText(QString::fromStdString(shown_));
     widget_->setCursorPosition(widget_->hasFocus() ? cursor : 0);
   }
@@ -48,36 +36,27 @@ class LineView : public ControlView {
   // Typing stops at the limit; what an old record holds beyond it is shown whole.
   void limitLength() {
     constexpr int kNoLimit = 32767;
-    const int held = static_cast<int>(length(shown_));
-    widget_->setMaxLength(box_.maxLength > 0 ? std::max(box_.maxLength, held) : kNoLimit);
+    const int held = static_cast<int>(length(box_.text));
+    const int limit = box_.maxLength > 0 ? std::max(box_.maxLength, held) : kNoLimit;
+    if (widget_->maxLength() != limit)
+      widget_->setMaxLength(limit);
   }
 
   TextBox& box_;
-  QLineEdit* widget_;
   std::string shown_;
 };
 
-class AreaView : public ControlView {
+class AreaView : public EntryView<QPlainTextEdit> {
  public:
   AreaView(TextBox& box, UserActions& actions, QWidget* parent)
-      : ControlView(box, actions), box_(box), widget_(new QPlainTextEdit(parent)) {
+      : EntryView(box, actions, new QPlainTextEdit(parent)), box_(box) {
     widget_->setTabChangesFocus(true);
     QObject::connect(widget_, &QPlainTextEdit::textChanged, widget_, [this] { typed(); });
-    watchFocus(widget_);
-  }
-  QWidget* widget() const override { return widget_; }
-  void takeFocus(bool selectAll) override {
-    widget_->setFocus(Qt::OtherFocusReason);
-    if (selectAll)
-      widget_->selectAll();
   }
 
  protected:
   void showValue() override {
-    if (widget_->isReadOnly() != box_.locked) {
-      widget_->setReadOnly(box_.locked);
-      showFlat(widget_, box_.locked);
-    }
+    showLocked();
     if (shown_ == box_.text)
       return;
     shown_ = box_.text;
@@ -95,7 +74,6 @@ class AreaView : public ControlView {
   }
 
   TextBox& box_;
-  QPlainTextEdit* widget_;
   std::string shown_;
 };
 

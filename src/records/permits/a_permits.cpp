@@ -29,7 +29,7 @@ std::string shownDate(const Value& value) {
 
 APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
     : RecordScreen(itsDesk, parcels, kPermits), letters_(letters) {
-  SSTab1.pages = {"Permit", "List"};
+  SSTab1.pages = {"Per&mit", "&List"};
   Text1(42).manyLines = true;
   for (int pick : {32, 33, 39})
     Text1(pick).visible = false;

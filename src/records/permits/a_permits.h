@@ -46,7 +46,7 @@ class APermits : public RecordScreen {
   ControlGroup<TextBox> dates_{Text1, {8, 13}};
   Label labexpexpired{*this, "labexpexpired"};
   CheckBox Check3{*this, "Check3", "Close&d"};
-  CheckBox Check1{*this, "Check1", "P&lans on file"};
+  CheckBox Check1{*this, "Check1", "Plans on file"};
   ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6, 9, 62, 63, 34}};
   ControlGroup<TextBox> fees_{Text1, {12, 11, 10}};
   TextBox Text2{*this, "Text2"};

@@ -32,7 +32,7 @@ constexpr LayoutRow kAPermitsRows[] = {
     group("Permit"),
     field("Text1(1)", "Permit no.", 12),
     beside("Text1(7)", "File no.", 8),
-    field("DTPicker1", "Per&mit date", 12),
+    field("DTPicker1", "Permit date", 12),
     beside("Text1(8)", "Second date", 12),
     field("Text1(13)", "E&xpires", 12),
     beside("labexpexpired"),
