@@ -1,6 +1,8 @@
 #include "ui/style.h"
 
 #include <QApplication>
+#include <QFont>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QProxyStyle>
@@ -46,8 +48,23 @@ int charactersWide(int characters) {
   return QFontMetrics(QApplication::font()).horizontalAdvance(QLatin1Char('0')) * characters;
 }
 
+namespace {
+
+// A bare desktop that names no font of its own falls back to whatever it has, a typewriter's among them. The fonts that
+// letters are printed in are always there.
+void avoidTypewriterFont() {
+  QFont font = QApplication::font();
+  if (!QFontInfo(font).fixedPitch())
+    return;
+  font.setFamily(QStringLiteral("Liberation Sans"));
+  QApplication::setFont(font);
+}
+
+}  // namespace
+
 void applyHouseStyle(QApplication& app) {
   QApplication::setStyle(new HouseStyle);
+  avoidTypewriterFont();
   QPalette colours = QApplication::palette();
   const QColor accent = isDark(colours) ? QColor(64, 138, 168) : QColor(42, 112, 150);
   colours.setColor(QPalette::Active, QPalette::Highlight, accent);
