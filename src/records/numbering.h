@@ -17,8 +17,9 @@ class Numbering {
   Numbering(Session& session, const NumberingRule& rule) : session_(session), rule_(rule) {}
 
   /// Works out the next number as a screen is opened; the recordset is left on its first record. A high-water file that
-  /// is missing is made; where it cannot be, the screen still opens and storeNext tells of it.
-  void open(Recordset& records);
+  /// is missing is made; where it cannot be, the screen still opens and storeNext tells of it. Gives what is wrong with
+  /// the file or the seed that is passed over because it holds no whole number; empty when all is well.
+  std::string open(Recordset& records);
 
   const std::string& next() const { return next_; }
   /// One further: the number was taken.
@@ -32,6 +33,7 @@ class Numbering {
 
  private:
   bool seeded() const;
+  std::string unusable() const;
   std::string filePath() const;
 
   Session& session_;

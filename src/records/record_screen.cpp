@@ -13,7 +13,6 @@ RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
       parcels_(parcels),
       numbering_(itsDesk.session, kind.numbering) {
   lblVoided.warning = Label28.warning = true;
-  lblVoided.visible = Label28.visible = false;
   for (Button* button : {&INew, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr,
                          &recinfod, &iPrint})
     button->enabled = false;  // until the records are open
@@ -70,9 +69,14 @@ bool RecordScreen::openRecords() {
   connection_ = *connection;
   datPrimaryRS_ = std::move(*records);
   prepareBoxes();
-  numbering_.open(*datPrimaryRS_);
+  const std::string numberTrouble = numbering_.open(*datPrimaryRS_);
   fillList();
   enter(Mode::Browse);
+  if (!numberTrouble.empty())
+    desk.messages.tell(" " + caption,
+                       numberTrouble + "\nIt is passed over. The next " + std::string(kind_.noun) +
+                           " gets the number " + numbering_.next() + ".",
+                       Icon::Exclamation);
   return true;
 }
 
@@ -85,7 +89,13 @@ void RecordScreen::prepareBoxes() {
 }
 
 void RecordScreen::takeAmounts(TextBox& box) {
+  amounts_.push_back(&box);
   onLeave(box, [&box] { box.text = plainAmount(box.text); });
+}
+
+void RecordScreen::tidyAmounts() {
+  for (TextBox* box : amounts_)
+    box->text = plainAmount(box->text);
 }
 
 void RecordScreen::fillList() {
@@ -142,7 +152,7 @@ void RecordScreen::getdata() {
 void RecordScreen::refreshRecord() {
   Recordset& rows = records();
   ListView1.selected.reset();
-  lblVoided.visible = Label28.visible = false;
+  clearWarnings();
   if (dbisempty()) {
     lblStatus.caption = "empty database";
     clearControls();
@@ -157,7 +167,7 @@ void RecordScreen::refreshRecord() {
   getdata();
   lblStatus.caption = "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
   ListView1.selected = rows.AbsolutePosition() - 1;
-  lblVoided.visible = isVoided();
+  lblVoided.caption = isVoided() ? "VOIDED" : "";
   delr.caption = isVoided() ? "Un&void" : "&Void";
   showParcelWarnings();
   enableButtons();
@@ -175,7 +185,13 @@ void RecordScreen::showParcelWarnings() {
     parcelBox.tip = " This property had a failed inspection ";
   if (parcels_.SBLHasViol())
     parcelBox.tip = " This property had a Violation ";
-  Label28.visible = parcels_.SBLHasViol();
+  if (parcels_.SBLHasViol())
+    Label28.caption = "This property had a Violation";
+}
+
+void RecordScreen::clearWarnings() {
+  lblVoided.caption.clear();
+  Label28.caption.clear();
 }
 
 void RecordScreen::IMoveFirst_Click() {
@@ -247,7 +263,7 @@ void RecordScreen::INew_Click() {
   proposed_ = proposedKey();
   Text1(1).text = proposed_;
   lblStatus.caption = "New " + std::string(kind_.noun);
-  lblVoided.visible = Label28.visible = false;
+  clearWarnings();
   SSTab1.current = 0;
   enter(Mode::New);
   setFocus(Text1(1), true);

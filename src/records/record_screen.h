@@ -71,8 +71,10 @@ class RecordScreen : public Screen {
   const Numbering& numbering() const { return numbering_; }
   mdb& parcels() { return parcels_; }
   bool keyInUse(std::string_view key);
+  /// The key on the screen as it is stored: trimmed, and cut to the width of its column.
+  std::string typedKey() const;
   void refreshRecord();
-  /// When the clerk leaves the box, "$12,500" becomes the number that the store reads.
+  /// The box takes amounts: "$12,500" becomes the number that the store reads, when the clerk leaves it or stores.
   void takeAmounts(TextBox& box);
 
   Tabs SSTab1;
@@ -86,12 +88,12 @@ class RecordScreen : public Screen {
   Button IMoveNext{*this, "IMoveNext", ">"};
   Button IMoveLast{*this, "IMoveLast", ">|"};
   Label lblStatus{*this, "lblStatus"};
-  Label lblVoided{*this, "lblVoided", "VOIDED"};
+  Label lblVoided{*this, "lblVoided"};
   Button delr{*this, "delr", "&Void"};
   Button recinfod{*this, "recinfod", "&Who and When"};
   Button iPrint{*this, "iPrint", "&Print"};
   Button Quit{*this, "Quit", "&Quit"};
-  Label Label28{*this, "Label28", "This property had a Violation"};
+  Label Label28{*this, "Label28"};
   ControlArray<TextBox> Text1{*this, "Text1"};
   ListView ListView1{*this, "ListView1"};
 
@@ -105,6 +107,7 @@ class RecordScreen : public Screen {
   void enter(Mode mode);
   void enableButtons();
   void showParcelWarnings();
+  void clearWarnings();
   void lockRecord(bool locked);
   bool mayLeaveUnsaved();
 
@@ -112,6 +115,8 @@ class RecordScreen : public Screen {
   bool requireFilled();
   bool refuseDuplicate();
   bool askAboutParcel();
+  std::string parcelKey() const;
+  void tidyAmounts();
   bool renumbering() const;
   Result<void> store();
   Result<void> storeParcel();
@@ -128,6 +133,7 @@ class RecordScreen : public Screen {
   Mode mode_ = Mode::Browse;
   Recordset::Bookmark returnTo_ = -1;
   ShownBoxes shown_;
+  std::vector<TextBox*> amounts_;
   std::string proposed_;   ///< the key that INew put on the screen
   std::string newParcel_;  ///< key of a parcel that the user agreed to register with this record
   std::string defaultQuery_;

@@ -1,6 +1,8 @@
 // The storing half of the record pattern: what is checked before a record is stored, and the order in which record,
 // parcel and number are written.
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "records/record_screen.h"
 
@@ -10,6 +12,7 @@ namespace zelvo {
 
 bool RecordScreen::validate(bool adding) {
   copyPicksIntoBoxes();
+  tidyAmounts();
   newParcel_.clear();
   return requireFilled() && validateOwn() && (!adding || refuseDuplicate()) && askAboutParcel();
 }
@@ -45,6 +48,11 @@ bool RecordScreen::renumbering() const {
   return boxText(*this, 1) == proposed_;
 }
 
+std::string RecordScreen::typedKey() const {
+  const Column* column = records().table().find(records().table().key);
+  return std::string(left(boxText(*this, 1), static_cast<std::size_t>(std::max(column->length, 0))));
+}
+
 bool RecordScreen::keyInUse(std::string_view wanted) {
   const Table& table = records().table();
   const auto inUse =
@@ -55,7 +63,7 @@ bool RecordScreen::keyInUse(std::string_view wanted) {
 }
 
 bool RecordScreen::refuseDuplicate() {
-  while (keyInUse(boxText(*this, 1))) {
+  while (keyInUse(typedKey())) {
     if (!renumbering()) {
       desk.messages.tell(duplicateTitle(), duplicateText(), Icon::Critical);
       setFocus(Text1(1), true);
@@ -67,8 +75,17 @@ bool RecordScreen::refuseDuplicate() {
   return true;
 }
 
+// The parcel that the record will be on: a section typed without a suffix keeps the one that the record has.
+std::string RecordScreen::parcelKey() const {
+  auto parts = split(MakeSBL(*this), '-');
+  const std::string suffix = mode_ == Mode::Edit ? upper(trim(records().text("SUD"))) : "";
+  if (parts.size() > 1 && boxText(*this, 2).find('.') == std::string::npos && !suffix.empty())
+    parts[1] = suffix;
+  return TrimSBL(join(parts, "-"));
+}
+
 bool RecordScreen::askAboutParcel() {
-  const std::string parcel = TrimSBL(MakeSBL(*this));
+  const std::string parcel = parcelKey();
   const auto known = parcels_.SBLExists(parcel);
   if (!known)
     throw StoreError(known.error());
@@ -93,7 +110,7 @@ bool RecordScreen::askAboutParcel() {
 
 void RecordScreen::movefieldsintodb() {
   copyPicksIntoBoxes();
-  records().set(records().table().key, boxText(*this, 1));
+  records().set(records().table().key, typedKey());
   screenToRecord(*this, records(), shown_);
   storeCodedColumns();
   stampRecord();
@@ -127,11 +144,12 @@ Result<void> RecordScreen::store() {
 Result<void> RecordScreen::storeParcel() {
   if (newParcel_.empty())
     return {};
-  return parcels_.SBLAdd(newParcel_, boxText(*this, 1), parcelOwner(), "", parcelLocation());
+  return parcels_.SBLAdd(newParcel_, typedKey(), parcelOwner(), "", parcelLocation());
 }
 
 void RecordScreen::IAdd_Click() {
-  while (validate(true)) {
+  constexpr int kPatience = 100;  // computers that are quicker, one after another
+  for (int attempt = 0; attempt < kPatience && validate(true); ++attempt) {
     const auto stored = store();
     if (stored)
       return afterStoring();

@@ -184,8 +184,16 @@ void MenuFrm::quit(const Line&) {
 void MenuFrm::ExitApp() {
   if (!closeOtherScreens())
     return;
+  tellOfMissingBackup();
   closeMe();
   desk.end("quit");
+}
+
+// An office that relies on its backup at the end of the day must not believe that it has one.
+void MenuFrm::tellOfMissingBackup() {
+  constexpr int kAutomatic = 1;
+  if (desk.session.masterComputer && desk.session.backupOption == kAutomatic)
+    tell({Trouble::NotFound, "The backup on exit is not part of this program yet. No backup was made."});
 }
 
 bool MenuFrm::closeOtherScreens() {

@@ -46,6 +46,7 @@ class MenuFrm : public Screen {
   void quit(const Line& line);
 
   bool closeOtherScreens();
+  void tellOfMissingBackup();
   void tell(const Error& error);
 
   Label lblMunicipality{*this, "lblMunicipality"};

@@ -4,7 +4,6 @@
 #include "shell/menu_frm.h"
 #include "shell/notices.h"
 #include "shell/psw_frm.h"
-#include "shell/user_edit.h"
 
 namespace zelvo {
 
@@ -13,10 +12,6 @@ namespace {
 template <class Shown>
 std::unique_ptr<Screen> make(Desk& desk) {
   return std::make_unique<Shown>(desk);
-}
-
-std::unique_ptr<Screen> makeUserEdit(Desk& desk) {
-  return std::make_unique<UserEdit>(desk, User{}, UserEdit::Rights::MayChange);
 }
 
 }  // namespace
@@ -29,7 +24,6 @@ void learnShellScreens(Screens& screens) {
   screens.learn("Preview", make<Preview>);
   screens.learn("MenuFrm", make<MenuFrm>);
   screens.learn("coordsfrm", make<CoordsFrm>);
-  screens.learn("UserEdit", makeUserEdit);
 }
 
 }  // namespace zelvo

@@ -1,22 +1,24 @@
 #pragma once
 
+#include <functional>
+
 #include "form/desk.h"
 #include "form/screen.h"
 
 namespace zelvo {
 
-/// Edits one user of the list. To be shown modally; afterwards accepted() tells whether user() is to replace the old
-/// one.
+/// Edits one user of the list. To be shown modally; it closes when the changed user is taken, or given up.
 class UserEdit : public Screen {
  public:
   enum class Rights { MayChange, Keep };
 
-  /// The user comes and goes scrambled. With Rights::Keep the access level is only shown.
-  UserEdit(Desk& desk, const User& user, Rights rights);
+  /// Takes the changed user, scrambled, or says why it cannot: then the screen stays open with what was typed.
+  using Keeper = std::function<Result<void>(const User&)>;
+
+  /// The user comes scrambled. With Rights::Keep the access level is only shown.
+  UserEdit(Desk& desk, const User& user, Rights rights, Keeper keep);
 
   void Command1_Click();
-  bool accepted() const { return accepted_; }
-  User user() const;
 
  private:
   bool missing(TextBox& box, std::string_view title, std::string_view text);
@@ -29,11 +31,12 @@ class UserEdit : public Screen {
   Combo Combo1{*this, "Combo1"};
   Button Command1{*this, "Command1", "OK"};
   Button Command2{*this, "Command2", "Cancel"};
-  bool accepted_ = false;
+  Keeper keep_;
 };
 
 /// The signed-in user edits the own user record, and the list is written at once. Only an administrator can change the
-/// own access level. When the list cannot be written the user hears why, and the old password holds.
+/// own access level. A user ID that another user has, and the last administrator giving that up, are refused. When the
+/// list cannot be written the user hears why, and the old password holds.
 void changeOwnPassword(Desk& desk);
 
 }  // namespace zelvo

@@ -146,6 +146,54 @@ TEST_F(PermitOffice, NextNumberComesFromTheLastRecordTheFileOrTheSeed) {
   }
 }
 
+TEST_F(PermitOffice, NumberFileThatHoldsNoWholeNumberIsPassedOverAndNamed) {
+  addOther("26-12");
+  for (const char* line : {"garbage", "7.5", "", "1e400", "9007199254740992", "-3"}) {
+    SCOPED_TRACE(line);
+    ASSERT_TRUE(writeLines(path("phi.txt"), {line}).ok());
+    at.expect(" Building Permits", "The file " + path("phi.txt") + " holds no whole number but \"" + line +
+                                       "\".\nIt is passed over. The next permit gets the number 13.");
+    APermits& permits = open();
+    at.click(permits, "INew");
+    EXPECT_EQ(at.shown(permits, "Text1(1)"), "26-13");
+    at.click(permits, "ICancel");
+    at.click(permits, "Quit");
+  }
+  at.session.seeds.permit = "12.7";
+  ASSERT_TRUE(deleteFile(path("phi.txt")).ok());
+  at.expect(" Building Permits", "The number set in the preferences, \"12.7\", is no whole number....");
+  open();
+}
+
+TEST_F(PermitOffice, NumbersThatAreAlikeWithinTheirColumnAreTheSameNumber) {
+  APermits& permits = open();
+  for (const char* last : {"A", "B"}) {
+    at.click(permits, "INew");
+    typePermit(permits);
+    at.set(permits, "Text1(1)", std::string("26-12345678901234567") + last);
+    if (*last == 'A')
+      expectNewParcel();
+    else
+      at.expect(" Duplicate Permit Number", "The permit number entered already exists....");
+    at.click(permits, "IAdd");
+  }
+  EXPECT_EQ(permitsNow()->RecordCount(), 1u);
+  EXPECT_EQ(look("sbl.mdb", "Select * from SBL")->text("HISTORICAL"), "26-12345678901234567*");
+}
+
+TEST_F(PermitOffice, SectionTypedWithoutItsSuffixStaysOnTheParcelOfTheRecord) {
+  APermits& permits = open();
+  at.click(permits, "INew");
+  typePermit(permits);
+  expectNewParcel();
+  at.click(permits, "IAdd");
+  at.click(permits, "IEdit");
+  at.set(permits, "Text1(2)", "999");
+  at.click(permits, "ISave");  // no question: the permit stays on 999.5
+  EXPECT_EQ(at.shown(permits, "Text1(2)"), "999.5");
+  EXPECT_EQ(look("sbl.mdb", "Select * from SBL")->RecordCount(), 1u);
+}
+
 TEST_F(PermitOffice, TextLongerThanItsColumnIsCutByCharacters) {
   APermits& permits = open();
   at.click(permits, "INew");

@@ -143,9 +143,28 @@ TEST_F(MainMenu, ownPasswordIsStoredAtOnceWithoutNewRights) {
     desk.click(edit, "Command1");
   });
   std::filesystem::remove_all(folder.file("program"));
-  desk.expect("Zelvo", "...");
+  desk.expect(" Edit User", "...");
   desk.click(menu(), "changepsw");
   EXPECT_EQ(scrambled(desk.session.users[1].password), "new") << "what cannot be stored does not hold";
+}
+
+TEST_F(MainMenu, nobodyIsLockedOutByChangingTheOwnUser) {
+  desk.session.users = {scrambled(User{"Boss", "x", "ADMIN"}), scrambled(User{"Smith", "Abc", "USER"})};
+  desk.session.userSlot = 1;
+  desk.session.rights = "ADMIN";
+  desk.when("UserEdit", [this](Screen& edit) {
+    desk.set(edit, "Text1", "smith");
+    desk.expect(" Edit User", "There is another user with this user ID. Please choose a different one.");
+    desk.click(edit, "Command1");
+    desk.set(edit, "Text1", "Chief");
+    desk.set(edit, "Combo1", "USER");
+    desk.expect(" Edit User", "You are the only administrator. Please make another user one first.");
+    desk.click(edit, "Command1");
+    desk.set(edit, "Combo1", "ADMIN");
+    desk.click(edit, "Command1");
+  });
+  desk.click(menu(), "changepsw");
+  EXPECT_EQ(scrambled(desk.session.users[0].name), "Chief");
 }
 
 /// A record screen whose user is not done yet.

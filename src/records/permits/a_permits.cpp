@@ -44,7 +44,8 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
   loadPickLists();
   onClick(iPrint, [this] { iPrint_Click(); });
   takeAmounts(Text2);
-  onLeave(Text1(kExpirationBox), [this] { checkExpiration(); });
+  for (int date : {kExpirationBox, kSecondDateBox})
+    onLeave(Text1(date), [this] { checkDates(); });
 }
 
 void APermits::loadPickLists() {
@@ -120,7 +121,7 @@ void APermits::copyPicksIntoBoxes() {
 
 void APermits::storeCodedColumns() {
   Recordset& row = records();
-  const std::string number = boxText(*this, 1);
+  const std::string number = typedKey();
   row.set("BLDGPERMYY", left(number, 2));
   row.set("BLDGPRM", length(number) > 3 ? right(number, length(number) - 3) : "");
   const Date filed = permitDate();
@@ -166,7 +167,7 @@ bool APermits::validateOwn() {
   return true;
 }
 
-void APermits::checkExpiration() {
+void APermits::checkDates() {
   if (mode() != Mode::Browse && validateOwn())
     showExpired();
 }

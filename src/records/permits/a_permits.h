@@ -32,7 +32,7 @@ class APermits : public RecordScreen {
 
   void loadPickLists();
   bool refuseDate(TextBox& box, std::string_view text);
-  void checkExpiration();
+  void checkDates();
   void showExpired();
   void showPicksFromBoxes();
   Date permitDate() const;
