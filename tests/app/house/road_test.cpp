@@ -1,5 +1,10 @@
 #include <unistd.h>
 
+#include <future>
+#include <set>
+#include <sstream>
+#include <vector>
+
 #include "sample_town.h"
 
 namespace zelvo::testing {
@@ -71,6 +76,34 @@ TEST_F(SampleTown, DamagedDatabaseIsNamedAndTheMenuStays) {
   EXPECT_EQ(folder.read("town/data/db1.mdb"), "these are no records");
 }
 
+TEST_F(SampleTown, EightComputersAddAtOnceAndNobodyHearsOfIt) {
+  constexpr int kComputers = 8, kAdds = 10;
+  std::vector<std::future<std::string>> outputs;
+  for (int computer = 1; computer <= kComputers; ++computer) {
+    const std::string program = "program" + std::to_string(computer);
+    std::filesystem::copy(town() + "/program", town() + "/" + program, std::filesystem::copy_options::recursive);
+    std::string script;
+    for (int add = 1; add <= kAdds; ++add)
+      script += newPermit() + "set Text1(3) " + std::to_string(computer) + "\nset Text1(4) " + std::to_string(add) +
+                "\nanswer Yes\nclick IAdd\nshow Text1(1)\n";
+    outputs.push_back(std::async(std::launch::async, [=, this] { return run(asClerk(script), "", program); }));
+  }
+  std::set<std::string> numbers;
+  for (auto& output : outputs) {
+    const std::string text = output.get();
+    EXPECT_EQ(linesWith(text, "error"), "");
+    EXPECT_EQ(linesWith(text, "message: [ Building Permits]"), "") << text;
+    std::istringstream lines(linesWith(text, "Text1(1) = "));
+    for (std::string number; std::getline(lines, number);)
+      EXPECT_TRUE(numbers.insert(number).second) << number << " was given twice";
+  }
+  EXPECT_EQ(numbers.size(), static_cast<std::size_t>(kComputers * kAdds));
+  const std::string after =
+      run("set Text1 clerk\nset Text2 clerk\nclick cmdOK\n"
+          "query db1.mdb Select * from BLDGPERM where [SEC] = '999' and [SUD] = '5'\n");
+  EXPECT_EQ(linesWith(after, "db1.mdb: "), "db1.mdb: 80 rows, 66 columns\n");
+}
+
 TEST_F(SampleTown, FolderThatMayNotBeWrittenKeepsTheTypedPermitOnTheScreen) {
   if (::geteuid() == 0 && std::system("command -v runuser >/dev/null") != 0)
     GTEST_SKIP() << "the superuser writes everywhere";
@@ -78,7 +111,7 @@ TEST_F(SampleTown, FolderThatMayNotBeWrittenKeepsTheTypedPermitOnTheScreen) {
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
     std::filesystem::permissions(entry.path(), std::filesystem::perms(entry.is_directory() ? 0555 : 0444));
   std::filesystem::permissions(town() + "/program", std::filesystem::perms(0777));
-  folder.write("script.txt", "");
+  folder.write("program-script.txt", "");
   const std::string output = run(asClerk(newPermit() + "answer Yes\nclick IAdd\nshow Text1(18)\nshow lblStatus\n"),
                                  ::geteuid() == 0 ? "runuser -u nobody --" : "");
   EXPECT_NE(linesWith(output, "message: [ Building Permits] The permit could not be stored").size(), 0u) << output;

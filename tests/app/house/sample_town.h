@@ -22,10 +22,11 @@ class SampleTown : public ::testing::Test {
   std::string data(std::string_view name) const { return town() + "/data/" + std::string(name); }
 
   /// What the console prints for a script, its errors included; `before` stands before its command line.
-  std::string run(std::string_view script, const std::string& before = "") {
-    folder.write("script.txt", script);
-    const std::string command = before + " " + ZELVO_BIN + "/zelvo-console --program-folder '" + town() +
-                                "/program' --now '03/09/2026 10:15' '" + folder.file("script.txt") + "' 2>/dev/null";
+  std::string run(std::string_view script, const std::string& before = "", const std::string& program = "program") {
+    const std::string scriptFile = folder.file(program + "-script.txt");
+    folder.write(program + "-script.txt", script);
+    const std::string command = before + " " + ZELVO_BIN + "/zelvo-console --program-folder '" + town() + "/" +
+                                program + "' --now '03/09/2026 10:15' '" + scriptFile + "' 2>/dev/null";
     FILE* console = ::popen(command.c_str(), "r");
     std::string output;
     char piece[4096];
