@@ -65,6 +65,19 @@ function(zelvo_room_tests room folder face)
     PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
 
+# zelvo_tests_as_one(NAME SOURCES... USES rooms...), sources under tests/: a program whose tests are one test to ctest,
+# for those that share something that takes long to set up. They are skipped when they say that it cannot be had here.
+function(zelvo_tests_as_one program)
+  cmake_parse_arguments(TESTS "" "" "USES" ${ARGN})
+  list(TRANSFORM TESTS_UNPARSED_ARGUMENTS PREPEND ${CMAKE_SOURCE_DIR}/tests/)
+  file(GLOB sources CONFIGURE_DEPENDS ${TESTS_UNPARSED_ARGUMENTS})
+  add_executable(${program} ${sources})
+  target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${program} PRIVATE ${TESTS_USES} GTest::gtest GTest::gtest_main)
+  add_test(NAME ${program} COMMAND ${program})
+  set_tests_properties(${program} PROPERTIES TIMEOUT 300 SKIP_REGULAR_EXPRESSION "is installed on this machine")
+endfunction()
+
 # zelvo_program(NAME SOURCES... USES rooms... [LINKS libraries...]), sources under src/
 function(zelvo_program program)
   cmake_parse_arguments(PROGRAM "" "" "USES;LINKS" ${ARGN})

@@ -7,7 +7,7 @@ fail() {
   exit 1
 }
 
-packages="g++ cmake ninja-build libsqlite3-dev libgtest-dev qt6-base-dev libcups2-dev fonts-liberation"
+packages="g++ cmake ninja-build libsqlite3-dev libpq-dev libgtest-dev qt6-base-dev libcups2-dev fonts-liberation"
 
 missing_packages() {
   for package in "$@"; do

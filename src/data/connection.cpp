@@ -1,7 +1,11 @@
 #include "data/connection.h"
 
+#include "base/file_trouble.h"
+#include "base/files.h"
 #include "base/text.h"
 #include "data/engine.h"
+#include "data/postgres/postgres_engine.h"
+#include "data/server_folder.h"
 #include "data/sqlite/create.h"
 #include "data/sqlite/sqlite_engine.h"
 
@@ -24,13 +28,21 @@ Result<std::string> pathOf(std::string_view connectionText) {
   return std::string(trim(path));
 }
 
+bool liesOnServer(std::string_view path) {
+  return keepsOnServer(folderOf(path));
+}
+
 }  // namespace
+
+Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience) {
+  return liesOnServer(path) ? postgres::openEngine(path, patience) : sqlite::openEngine(path, patience);
+}
 
 Result<std::shared_ptr<Connection>> Connection::open(std::string_view connectionText) {
   const auto path = pathOf(connectionText);
   if (!path)
     return path.error();
-  auto engine = sqlite::openEngine(*path);
+  auto engine = openEngine(*path);
   if (!engine)
     return engine.error();
   return std::shared_ptr<Connection>(new Connection(std::move(*engine)));
@@ -83,10 +95,14 @@ void Connection::Transaction::rollback() {
 // ---- whole databases
 
 Result<void> createDatabase(std::string_view path, const Table& table) {
-  return sqlite::createFile(path, table);
+  return liesOnServer(path) ? postgres::createOnServer(path, table) : sqlite::createFile(path, table);
 }
 
 Result<void> copyDatabase(std::string_view from, std::string_view to) {
+  for (const std::string_view path : {from, to})
+    if (liesOnServer(path))
+      return fileError(FileDeed::Copy, path, Trouble::BadInput, "the tables of its folder lie on a server",
+                       "Have them saved and restored there.");
   return sqlite::copyDatabaseFile(from, to);
 }
 

@@ -18,8 +18,9 @@ class Engine;  // one of the stores behind the door
 /// engine stands behind it. Connections are not shared between screens.
 class Connection {
  public:
-  /// Opens the database that a connection text names ("PROVIDER=...;Data Source=<path>;"). It must exist. Errors say
-  /// what the file is when it is no database of ours, and what to do.
+  /// Opens the database that a connection text names ("PROVIDER=...;Data Source=<path>;"): the file, which must exist,
+  /// or its table on the server that the folder names, which is made at need. Errors say what the file is when it is no
+  /// database of ours, and what to do.
   static Result<std::shared_ptr<Connection>> open(std::string_view connectionText);
   ~Connection();
 
@@ -55,12 +56,13 @@ class Connection {
   std::unique_ptr<Engine> engine_;
 };
 
-/// Makes an empty database file with the table and its indexes. Refuses to touch a file that is there.
+/// Makes an empty database with the table and its indexes, in a file or on the server of the path's folder. Refuses to
+/// touch one that is there.
 Result<void> createDatabase(std::string_view path, const Table& table);
 
 /// Copies a database as it stands between two changes, whoever works in it meanwhile. Databases are never copied as
 /// mere files: that would catch a change half made, and drop the locks that this program holds. Refuses to touch a file
-/// that is there.
+/// that is there, and databases on a server, which are saved there.
 Result<void> copyDatabase(std::string_view from, std::string_view to);
 
 /// Stores many rows in one transaction, for imports and sample data. Columns that are not named stay null.

@@ -1,11 +1,14 @@
 #include "data/data_folder.h"
 
 #include <array>
+#include <filesystem>
+#include <optional>
 
 #include "base/files.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "data/connection.h"
+#include "data/server_folder.h"
 
 namespace zelvo {
 
@@ -15,6 +18,7 @@ constexpr std::string_view blanksFolder = "\\wrk";
 constexpr std::string_view usualFolder = "\\databases";
 constexpr std::string_view layoutFile = "\\sblversion.txt";
 constexpr int oldLayout = 13;
+constexpr int extendedLayout = 18;
 
 /// The databases that start-up looks after. The screens of the others do so themselves.
 constexpr std::array<std::string_view, 8> mainFiles = {"db1.mdb", "db2.mdb", "db3.mdb", "db4.mdb",
@@ -26,7 +30,7 @@ constexpr std::string_view notLocated =
     "You should set your database location in Preferences from the Admin menu.";
 
 /// A copy that another computer made first is as good as ours.
-Result<void> unlessThere(Result<void> made, const std::string& path) {
+Result<void> unlessThere(const Result<void>& made, const std::string& path) {
   return !made && made.error().trouble == Trouble::Duplicate && FileExists(path) ? Result<void>() : made;
 }
 
@@ -45,30 +49,46 @@ Result<void> makeBlank(std::string_view programFolder, const Table& table) {
 Result<void> putBlank(std::string_view programFolder, const Table& table, const std::string& path) {
   if (makeBlank(programFolder, table)) {
     const std::string blank = joinPath(joinPath(programFolder, blanksFolder), table.file);
-    const auto copied = unlessThere(copyDatabase(blank, path), path);
+    auto copied = unlessThere(copyDatabase(blank, path), path);
     if (copied || copied.error().trouble != Trouble::NotOurs)
       return copied;
   }
   return unlessThere(createDatabase(path, table), path);
 }
 
+/// A database that is there and cannot be read is not missing: nothing is put in its place, and the reason is told.
+std::optional<Error> unreadable(const std::string& path) {
+  std::error_code unknown;
+  if (!std::filesystem::exists(path, unknown))
+    return std::nullopt;
+  const auto read = readBytes(path);
+  return read ? std::nullopt : std::optional(read.error());
+}
+
 Result<std::string> ensureIn(std::string_view folder, std::string_view programFolder, std::string_view file) {
   const std::string path = joinPath(folder, file);
   if (FileExists(path))
     return path;
+  if (auto refused = unreadable(path))
+    return *refused;
   const Table* table = findTableOfFile(fileNameOf(file));
   if (!table)
     return Error{Trouble::NotFound, "The file \"" + path +
                                         "\" is not there, and it is none of the office's databases. "
                                         "Check the data folder in the preferences."};
+  if (keepsOnServer(folder))
+    return path;
   if (auto put = putBlank(programFolder, *table, path); !put)
     return put.error();
   return path;
 }
 
-/// Puts blanks in the place of what is missing; says whether anything was.
+/// Puts blanks in the place of what is missing; says whether anything was. On a server nothing is: what is not there
+/// is made when it is opened.
 Result<bool> completeFolder(const std::string& folder, std::string_view programFolder) {
   bool changed = false;
+  if (keepsOnServer(folder))
+    return changed;
   for (const std::string_view file : mainFiles) {
     if (FileExists(joinPath(folder, file)))
       continue;
@@ -81,19 +101,12 @@ Result<bool> completeFolder(const std::string& folder, std::string_view programF
   return changed;
 }
 
-int layoutIn(std::string_view folder) {
-  const auto lines = readLines(joinPath(folder, layoutFile));
-  if (!lines || lines->empty() || !isNumber(lines->front()))
-    return oldLayout;
-  return CLng(Val(lines->front()));
-}
-
 }  // namespace
 
 Result<void> resolveDataFolder(Desk& desk) {
   Session& session = desk.session;
   std::string folder = session.dataFolder;
-  const bool elsewhere = trim(folder).empty() || listFiles(folder, "*.mdb").empty();
+  const bool elsewhere = !keepsOnServer(folder) && (trim(folder).empty() || listFiles(folder, "*.mdb").empty());
   if (elsewhere)
     folder = withoutEndSeparator(joinPath(session.programFolder, usualFolder));
   const auto changed = completeFolder(folder, session.programFolder);
@@ -103,8 +116,14 @@ Result<void> resolveDataFolder(Desk& desk) {
     desk.messages.tell("Zelvo", notLocated);
     session.dataFolder = folder;
   }
-  session.parcelLayout = layoutIn(session.dataFolder);
+  session.parcelLayout = parcelLayoutIn(session.dataFolder);
   return {};
+}
+
+// No path at all while there is no data folder: the current folder is not to stand in for it.
+int parcelLayoutIn(std::string_view dataFolder) {
+  const auto lines = readLines(dataFolder.empty() ? "" : joinPath(dataFolder, layoutFile)).valueOr({});
+  return !lines.empty() && CInt(Val(lines.front())) == extendedLayout ? extendedLayout : oldLayout;
 }
 
 Result<void> makeBlanks(std::string_view programFolder) {

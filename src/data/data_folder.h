@@ -10,6 +10,9 @@ namespace zelvo {
 /// session's data folder and parcel layout number are set. An error says which file could not be put in place and why.
 Result<void> resolveDataFolder(Desk& desk);
 
+/// The layout of the parcel table that "sblversion.txt" of a data folder tells: 18, or 13 when it tells nothing else.
+int parcelLayoutIn(std::string_view dataFolder);
+
 /// Makes the blank databases of a "\wrk" folder that are not there yet.
 Result<void> makeBlanks(std::string_view programFolder);
 

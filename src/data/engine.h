@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -76,5 +77,11 @@ class Engine {
 
   std::shared_ptr<Outcome> transaction_;
 };
+
+/// How long a computer waits for the others before it says that the database is locked.
+inline constexpr std::chrono::milliseconds usualPatience{12000};
+
+/// Opens the database of a file's path: the file itself, or its table on the server of its folder.
+Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience = usualPatience);
 
 }  // namespace zelvo

@@ -2,6 +2,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "data/query_text.h"
 
 namespace zelvo {
 
@@ -16,10 +17,6 @@ std::string storedKey(std::string_view key) {
 
 std::string history(std::string_view permit) {
   return std::string(permit) + "*";
-}
-
-std::string quoted(std::string_view text) {
-  return "'" + replaceAll(text, "'", "''") + "'";
 }
 
 std::string fieldText(const Recordset& row, std::string_view field) {
@@ -66,7 +63,11 @@ Result<std::unique_ptr<Recordset>> mdb::rowsOf(std::string_view key) {
   if (!connection_)
     if (auto opened = resetsbl(); !opened)
       return opened.error();
-  return Recordset::open(connection_, "Select * from SBL where [SBLF] = " + quoted(key));
+  auto rows = Recordset::open(connection_, "Select * from SBL where " + columnIs("SBLF", key));
+  // A shared folder that was lost and came back is reached through a new connection only.
+  if (!rows)
+    connection_.reset();
+  return rows;
 }
 
 Result<bool> mdb::SBLExists(std::string_view key) {
@@ -244,7 +245,7 @@ Result<void> mdb::SBLClearFlag() {
 }
 
 Result<bool> mdb::ValidatePermit(Connection& permits, std::string_view number) {
-  auto taken = permits.exists("BLDGPERM", "[PERMIT] = " + quoted(number));
+  auto taken = permits.exists("BLDGPERM", columnIs("PERMIT", number));
   if (!taken)
     return taken.error();
   return !*taken;

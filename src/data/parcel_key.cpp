@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "data/query_text.h"
 #include "data/recordset.h"
 
 namespace zelvo {
@@ -21,8 +22,8 @@ std::string inBox(const Screen& form, std::string_view boxes, int index) {
   return box ? std::string(trim(box->shown())) : std::string();
 }
 
-std::string orZero(std::string part) {
-  return part.empty() ? "0" : part;
+std::string orZero(std::string_view part) {
+  return std::string(part.empty() ? "0" : part);
 }
 
 struct Section {
@@ -51,7 +52,7 @@ std::string partOf(const Recordset& records, std::string_view field) {
   const bool onRow = records.adding() || records.AbsolutePosition() > 0;
   if (!onRow || !records.table().find(field))
     return "0";
-  return orZero(std::string(trim(records.text(field))));
+  return orZero(trim(records.text(field)));
 }
 
 /// Replaces until there is none left, what a replacement brings together included.
@@ -63,7 +64,7 @@ void replaceUntilGone(std::string& text, std::string_view what, std::string_view
 }
 
 std::string condition(std::string_view column, std::string_view value) {
-  return "[" + std::string(column) + "] = '" + replaceAll(value, "'", "''") + "' AND";
+  return columnIs(column, value) + " AND";
 }
 
 bool holdsPart(std::string_view part) {

@@ -179,7 +179,7 @@ std::size_t Recordset::Inside::columnOf(std::string_view field) const {
 }
 
 const Row& Recordset::Inside::read() {
-  if (!onRow())
+  if (adding || !onRow())
     throw notOnRow(table);
   if (!current)
     current = pages.row(keys, static_cast<std::size_t>(place));
@@ -205,6 +205,15 @@ Value Recordset::cell(std::size_t position, std::size_t column) const {
     return {};
   const Row& row = in.pages.row(in.keys, position);
   return column < row.size() ? row[column] : Value();
+}
+
+std::string Recordset::shownCell(std::size_t position, std::size_t column) const {
+  Inside& in = *inside_;
+  in.settle();
+  if (position >= in.keys.size())
+    return "";
+  const Row* row = in.pages.rowIfReadable(in.keys, position);
+  return row && column < row->size() ? (*row)[column].text() : "";
 }
 
 }  // namespace zelvo

@@ -59,6 +59,9 @@ class Recordset {
   /// A cell of any row, without moving: for lists. Rows come in pages of 100. Null for a row that is not there (any
   /// more).
   Value cell(std::size_t position, std::size_t column) const;  ///< position from 0
+  /// The same for a list that is being painted, as the screens show it: nothing can be told there, so a store that
+  /// cannot be read shows as an empty text, and is not asked again for a moment. Never throws StoreError.
+  std::string shownCell(std::size_t position, std::size_t column) const;
 
   /// Starts an empty row. It is stored by Update, or dropped by CancelUpdate or any move.
   void AddNew();
@@ -72,7 +75,8 @@ class Recordset {
   Result<void> Update();
   void CancelUpdate();
   bool adding() const;
-  /// Removes the current row; the one behind it is then current. Trouble::Conflict as with Update.
+  /// Removes the current row; the one behind it is then current. Trouble::Conflict as with Update; throws StoreError
+  /// where no row is current, as while one is added.
   Result<void> Delete();
   /// The row as it lies in the store now, in column order; for showing a conflict.
   Result<std::vector<Value>> currentInStore() const;

@@ -163,8 +163,10 @@ void Recordset::Inside::takeBackKey(const Change& change) {
 void Recordset::Inside::typeAgain(RowId row, Row values) {
   const auto first = std::find_if(changes.begin(), changes.end(), [&](const Change& own) { return own.key == row; });
   typed = std::move(values);
-  if (first == changes.end())
+  if (first == changes.end()) {
+    place = placeOf(row);  // rows that were removed before it are back
     return;
+  }
   adding = first->kind == Change::Kind::Added;
   if (!adding) {
     place = placeOf(row);

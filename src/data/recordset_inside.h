@@ -30,7 +30,7 @@ struct Recordset::Inside {
   std::ptrdiff_t placeOf(RowId row, std::ptrdiff_t from = 0) const;
 
   std::size_t columnOf(std::string_view field) const;
-  /// The current row as it was read; throws StoreError where none is.
+  /// The current row as it was read; throws StoreError where none is, as while a row is added.
   const Row& read();
 
   Result<void> storeAdded();

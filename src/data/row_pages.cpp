@@ -23,6 +23,18 @@ const Row& RowPages::row(std::span<const RowId> keys, std::size_t position) {
   return pageOf(keys, position / rowsOfPage).rows[position % rowsOfPage];
 }
 
+const Row* RowPages::rowIfReadable(std::span<const RowId> keys, std::size_t position) {
+  if (failed_ && std::chrono::steady_clock::now() - *failed_ <= goodFor)
+    return nullptr;
+  failed_.reset();
+  try {
+    return &row(keys, position);
+  } catch (const StoreError&) {
+    failed_ = std::chrono::steady_clock::now();
+    return nullptr;
+  }
+}
+
 RowPages::Page& RowPages::pageOf(std::span<const RowId> keys, std::size_t number) {
   const auto found =
       std::find_if(pages_.begin(), pages_.end(), [&](const Page& page) { return page.number == number; });

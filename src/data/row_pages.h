@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <list>
+#include <optional>
 #include <span>
 
 #include "data/engine.h"
@@ -18,6 +19,9 @@ class RowPages {
   /// The row at a position of the keys; an empty row when it is not in the store any more. Throws StoreError. Good
   /// until the next call.
   const Row& row(std::span<const RowId> keys, std::size_t position);
+  /// The same without a throw: null when the store cannot be read, which is then taken as told for a moment. A list
+  /// asks for many cells, and would wait for a locked file with each of them.
+  const Row* rowIfReadable(std::span<const RowId> keys, std::size_t position);
   /// The row changed, or is to be seen as it is in the store now.
   void forget(std::size_t position);
   void forgetAll() { pages_.clear(); }
@@ -33,7 +37,8 @@ class RowPages {
 
   Engine& engine_;
   const Table& table_;
-  std::list<Page> pages_;  ///< the one used last in front
+  std::list<Page> pages_;                                        ///< the one used last in front
+  std::optional<std::chrono::steady_clock::time_point> failed_;  ///< when the store could not be read for a list
 };
 
 }  // namespace zelvo

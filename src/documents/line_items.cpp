@@ -23,6 +23,12 @@ bool isHyphen(char32_t c) {
   return c == U'-' || c == 0x2013 || c == 0x2014 || c == 0x200B;
 }
 
+double pictureWidth(const Picture& picture, const LineArea& area) {
+  const double width = std::min<double>(picture.width, area.width);
+  const double height = pictureHeight(picture, width);
+  return height > area.height ? width * area.height / height : width;
+}
+
 class Cutter {
  public:
   Cutter(LineItems& result, const FontMeasure& fonts) : result_(result), fonts_(fonts) {}
@@ -30,7 +36,7 @@ class Cutter {
   void add(const Run& run, const LineArea& area) {
     result_.looks.push_back(lookOf(run.style, fonts_));
     if (run.picture) {
-      addItem(ItemKind::Picture, {}, std::min<double>(run.picture->width, area.width), true);
+      addItem(ItemKind::Picture, {}, pictureWidth(*run.picture, area), true);
       result_.items.back().picture = run.picture;
     } else if (run.live != LiveField::None) {
       cut(area.live(run.live));

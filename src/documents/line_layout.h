@@ -29,7 +29,8 @@ struct Line {
 
 /// What a paragraph is laid out into.
 struct LineArea {
-  double width = 0;  ///< of the text area; the paragraph's indents count from it
+  double width = 0;   ///< of the text area; the paragraph's indents count from it
+  double height = 0;  ///< of the page's text area: no picture is higher
   int defaultTab = 720;
   std::function<std::string(LiveField)> live;  ///< the text of a live number
 };
@@ -38,7 +39,7 @@ struct LineArea {
 /// broken where the line ends.
 std::vector<Line> layOutLines(const Paragraph& paragraph, const LineArea& area, const FontMeasure& fonts);
 
-/// The height of a picture that is drawn this wide: one that is wider than its line is made smaller.
+/// The height of a picture that is drawn this wide: one that is larger than its area is made smaller.
 double pictureHeight(const Picture& picture, double width);
 
 }  // namespace zelvo

@@ -20,6 +20,7 @@ struct Frame {
   double width = 12240, height = 15840;
   double left = 0, top = 0, right = 0, bottom = 0;
   double textWidth() const { return width - left - right; }
+  double textHeight() const { return height - top - bottom; }
 };
 
 bool isPaper(const std::optional<int>& length) {
@@ -52,6 +53,8 @@ Frame frameOf(const Document& document, const PrintOptions& options) {
   setMargins(frame, document.page, options);
   frame.left = std::clamp(frame.left, 0.0, frame.width - kSmallestArea);
   frame.right = std::clamp(frame.right, 0.0, frame.width - kSmallestArea - frame.left);
+  frame.top = std::clamp(frame.top, 0.0, frame.height - kSmallestArea);
+  frame.bottom = std::clamp(frame.bottom, 0.0, frame.height - kSmallestArea - frame.top);
   return frame;
 }
 
@@ -59,8 +62,17 @@ bool holds(const std::vector<Run>& runs, LiveField field) {
   return std::any_of(runs.begin(), runs.end(), [field](const Run& run) { return run.live == field; });
 }
 
+bool holds(const TableRow& row, LiveField field) {
+  return std::any_of(row.cells.begin(), row.cells.end(), [field](const Cell& cell) {
+    return std::any_of(cell.paragraphs.begin(), cell.paragraphs.end(),
+                       [field](const Paragraph& paragraph) { return holds(paragraph.runs, field); });
+  });
+}
+
 bool bodyHolds(const Document& document, LiveField field) {
   return std::any_of(document.body.begin(), document.body.end(), [field](const Block& block) {
+    if (const auto* row = std::get_if<TableRow>(&block))
+      return holds(*row, field);
     const auto* paragraph = std::get_if<Paragraph>(&block);
     return paragraph && holds(paragraph->runs, field);
   });
@@ -101,8 +113,9 @@ class Layout {
     return std::to_string(field == LiveField::PageNumber ? pageNumber : pageCount_);
   }
 
-  LineArea area(double width, std::size_t pageNumber) const {
-    return {width, document_.defaultTab, [this, pageNumber](LiveField field) { return live(field, pageNumber); }};
+  LineArea area(double width, double height, std::size_t pageNumber) const {
+    return {width, height, document_.defaultTab,
+            [this, pageNumber](LiveField field) { return live(field, pageNumber); }};
   }
 
   bool isFirst(std::size_t pageIndex) const { return pageIndex == 0 && document_.firstPageDiffers; }
@@ -113,9 +126,8 @@ class Layout {
     return isFirst(pageIndex) ? document_.firstFooter : document_.footer;
   }
 
-  Stack stackOf(const std::vector<Paragraph>& paragraphs, double width, std::size_t pageNumber) const {
+  Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& lineArea) const {
     Stack stack;
-    const LineArea lineArea = area(width, pageNumber);
     for (const Paragraph& paragraph : paragraphs) {
       stack.height += paragraph.style.before;
       for (Line& line : layOutLines(paragraph, lineArea, fonts_)) {
@@ -128,13 +140,18 @@ class Layout {
     return stack;
   }
 
+  LineArea marginArea(std::size_t pageNumber) const {
+    return area(frame_.textWidth(), frame_.textHeight(), pageNumber);
+  }
+
   // A header or footer that is higher than its margin pushes the text out of its way.
   void openPage() {
     result_.pages.emplace_back();
     const std::size_t index = result_.pages.size() - 1;
-    const double above = stackOf(header(index), frame_.textWidth(), 1).height;
-    const double below = stackOf(footer(index), frame_.textWidth(), 1).height;
+    const double above = stackOf(header(index), marginArea(1)).height;
+    const double below = stackOf(footer(index), marginArea(1)).height;
     top_ = std::max(frame_.top, above > 0 ? document_.page.headerDistance + above : 0);
+    top_ = std::min(top_, frame_.height - kSmallestArea);
     bottom_ = frame_.height - std::max(frame_.bottom, below > 0 ? document_.page.footerDistance + below : 0);
     bottom_ = std::max(bottom_, top_ + kSmallestArea);
     y_ = top_;
@@ -142,8 +159,8 @@ class Layout {
   }
 
   void addHeaderAndFooter(std::size_t index) {
-    const Stack above = stackOf(header(index), frame_.textWidth(), index + 1);
-    const Stack below = stackOf(footer(index), frame_.textWidth(), index + 1);
+    const Stack above = stackOf(header(index), marginArea(index + 1));
+    const Stack below = stackOf(footer(index), marginArea(index + 1));
     paint(result_.pages[index], above, document_.page.headerDistance);
     paint(result_.pages[index], below, frame_.height - document_.page.footerDistance - below.height);
   }
@@ -171,14 +188,27 @@ class Layout {
     if (paragraph.style.pageBreakBefore && !untouched_)
       openPage();
     y_ += paragraph.style.before;
-    for (const Line& line : layOutLines(paragraph, area(frame_.textWidth(), result_.pages.size()), fonts_)) {
-      if (!fits(line.height))
-        openPage();
-      paintLine(page(), line, frame_.left, y_, fonts_);
-      y_ += line.height;
-      untouched_ = false;
+    std::vector<Line> lines = linesOf(paragraph);
+    if (!fits(lines.front().height)) {
+      openPage();
+      lines = linesOf(paragraph);  // a page number in it is another one now
     }
+    for (const Line& line : lines)
+      placeLine(line);
     y_ += paragraph.style.after;
+  }
+
+  std::vector<Line> linesOf(const Paragraph& paragraph) const {
+    return layOutLines(paragraph, area(frame_.textWidth(), bottom_ - top_, result_.pages.size()), fonts_);
+  }
+
+  void placeLine(const Line& line) {
+    if (!fits(line.height))
+      openPage();
+    y_ = std::min(y_, bottom_ - line.height);  // whatever space is asked for, the text stands on the paper
+    paintLine(page(), line, frame_.left, y_, fonts_);
+    y_ += line.height;
+    untouched_ = false;
   }
 
   // The part of a cell that is not placed yet.
@@ -187,7 +217,12 @@ class Layout {
     double left = 0;
     Stack stack;
     std::size_t next = 0;
-    double done() const { return next < stack.lines.size() ? stack.lines[next].top : stack.height; }
+    // The space above the first line belongs to the row, the space above a line that opens a page does not.
+    double done() const {
+      if (next == 0 && !stack.lines.empty())
+        return 0;
+      return next < stack.lines.size() ? stack.lines[next].top : stack.height;
+    }
     double rest() const { return stack.height - done(); }
   };
 
@@ -196,7 +231,7 @@ class Layout {
     double left = row.left;
     for (const Cell& cell : row.cells) {
       const double width = std::max(100.0, cell.right - left - 2.0 * row.padding);
-      cells.push_back({&cell, left, stackOf(cell.paragraphs, width, result_.pages.size()), 0});
+      cells.push_back({&cell, left, stackOf(cell.paragraphs, area(width, bottom_ - top_, result_.pages.size())), 0});
       left = cell.right;
     }
     return cells;
@@ -217,8 +252,10 @@ class Layout {
   void placeRow(const TableRow& row, const TableRow* below) {
     std::vector<OpenCell> cells = openCells(row);
     double height = heightOf(row, cells);
-    if (!untouched_ && y_ + height > bottom_ + kHair)
+    if (!untouched_ && y_ + height > bottom_ + kHair) {
       openPage();
+      cells = openCells(row);
+    }
     while (y_ + height > bottom_ + kHair) {
       if (!placeSlice(row, cells, bottom_ - y_, nullptr, false))
         break;

@@ -1,6 +1,7 @@
 #include "documents/rtf_insert.h"
 
 #include <optional>
+#include <utility>
 
 #include "base/text.h"
 #include "documents/rtf_writer.h"
@@ -8,6 +9,9 @@
 namespace zelvo {
 
 namespace {
+
+constexpr std::string_view kParagraph = "\\par ";
+constexpr std::string_view kCell = "\\tab ";
 
 struct Look {
   bool bold = false, italic = false, underline = false;
@@ -28,18 +32,23 @@ class Inserter : public RtfSink {
   void character(char32_t character, RtfSpan, const RtfState& state) override {
     if (state.destination != RtfDestination::Body || state.hidden)
       return;
-    for (; paragraphs_ > 0; --paragraphs_)
-      text_ += "\\par ";
+    text_ += std::exchange(ends_, {});
     look_.font = letterFont(state.font);
     showLook();
     appendRtfCharacter(text_, character);
   }
 
   void word(const RtfToken& token, const RtfState& state) override {
+    if (state.destination == RtfDestination::Picture)
+      return takePicture(token);
     if (state.destination != RtfDestination::Body)
       return;
     if (token.word == "par")
-      ++paragraphs_;
+      ends_ += kParagraph;
+    else if (token.word == "cell")
+      ends_ += kCell;
+    else if (token.word == "row")
+      endRow();
     else if (token.word == "plain")
       look_ = Look{};
     else if (token.word == "b")
@@ -55,14 +64,45 @@ class Inserter : public RtfSink {
   }
 
   void open(const RtfState&) override { outer_.push_back(look_); }
-  void close(const RtfState&) override {
+  void close(const RtfState& state) override {
+    if (state.destination != RtfDestination::Picture)
+      endPicture();
     if (outer_.empty())
       return;
     look_ = outer_.back();
     outer_.pop_back();
   }
 
+  // The town's seal comes along as it stands, but for bytes that a broken file counts wrongly.
+  void data(const RtfToken& token, const RtfState&) override {
+    if (token.kind == RtfTokenKind::Binary)
+      appendRtfHex(text_, token.word);
+    else
+      text_.append("\r\n").append(token.word);
+  }
+
+  void endPicture() {
+    if (std::exchange(inPicture_, false))
+      text_ += '}';
+  }
+
  private:
+  // The letterhead may be a table; the place that it goes to may be in one already, so its text comes without it.
+  void endRow() {
+    if (ends_.ends_with(kCell))
+      ends_.resize(ends_.size() - kCell.size());
+    ends_ += kParagraph;
+  }
+
+  void takePicture(const RtfToken& token) {
+    if (!inPicture_) {
+      text_ += std::exchange(ends_, {});
+      text_ += '{';
+      inPicture_ = true;
+    }
+    text_ += token.raw;
+  }
+
   int letterFont(int number) const {
     const auto own = own_.byNumber.find(number);
     if (own == own_.byNumber.end())
@@ -93,7 +133,8 @@ class Inserter : public RtfSink {
   Look look_;
   std::optional<Look> shown_;
   std::vector<Look> outer_;
-  std::size_t paragraphs_ = 0;  // ended, and not written yet: the last one is not
+  bool inPicture_ = false;
+  std::string ends_;  // of paragraphs and cells, not written yet: the last ones are not
   std::string text_;
 };
 
@@ -103,6 +144,7 @@ std::string rtfInsert(std::string_view richText, const RtfFonts& letterFonts) {
   RtfFonts fonts;
   Inserter inserter(fonts, letterFonts);
   decodeRtf(richText, fonts, inserter);
+  inserter.endPicture();
   return "{\\uc1 " + inserter.text() + "}";
 }
 

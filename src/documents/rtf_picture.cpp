@@ -8,6 +8,8 @@ namespace zelvo {
 
 namespace {
 
+constexpr double kLongest = 600000;  // twips; longer than any paper
+
 int hexValue(char c) {
   if (c >= '0' && c <= '9')
     return c - '0';
@@ -22,11 +24,16 @@ double part(int crop, int whole) {
   return whole > 0 ? std::clamp(double(crop) / whole, 0.0, 0.95) : 0;
 }
 
+int scaled(int length, double scale) {
+  return static_cast<int>(std::clamp(length * scale, 1.0, kLongest));
+}
+
 }  // namespace
 
 void RtfPicture::take(const RtfToken& token) {
   const std::string_view word = token.word;
-  const int number = std::clamp(token.parameterOr(0), -600000, 600000);
+  constexpr int longest = static_cast<int>(kLongest);
+  const int number = std::clamp(token.parameterOr(0), -longest, longest);
   if (word == "pngblip" || word == "jpegblip")
     source_ = Source::File;
   else if (word == "dibitmap")
@@ -94,8 +101,8 @@ void RtfPicture::placeOnPaper(Picture& picture) const {
   picture.cropBottom = part(cropBottom_, picture.height);
   const double across = std::max(0.05, 1 - picture.cropLeft - picture.cropRight) * acrossScale_;
   const double down = std::max(0.05, 1 - picture.cropTop - picture.cropBottom) * downScale_;
-  picture.width = std::max(1, static_cast<int>(picture.width * across));
-  picture.height = std::max(1, static_cast<int>(picture.height * down));
+  picture.width = scaled(picture.width, across);
+  picture.height = scaled(picture.height, down);
 }
 
 std::shared_ptr<const Picture> RtfPicture::finish() {

@@ -6,8 +6,9 @@ namespace zelvo {
 
 namespace {
 
-constexpr int kUsualBorder = 10;      // twips
-constexpr int kUsualRowWidth = 9000;  // of a row whose shape the file does not tell
+constexpr int kFarthest = 31680;              // an edge beyond is a slip of a broken file
+constexpr int kUsualBorder = 10;              // twips
+constexpr std::size_t kUsualRowWidth = 9000;  // of a row whose shape the file does not tell
 
 }  // namespace
 
@@ -24,13 +25,13 @@ bool RtfTable::takeRowWord(const RtfToken& token) {
     rowBorder_ = Border{};
     border_ = nullptr;
   } else if (word == "trleft") {
-    row_.left = token.parameterOr(0);
+    row_.left = std::clamp(token.parameterOr(0), -kFarthest, kFarthest);
   } else if (word == "trgaph" || word == "trpaddl" || word == "trpaddr") {
     row_.padding = std::clamp(token.parameterOr(0), 0, 2880);
   } else if (word == "trrh") {
     row_.height = std::clamp(token.parameterOr(0), -31680, 31680);
   } else if (word == "cellx") {
-    endShape(token.parameterOr(0));
+    endShape(std::clamp(token.parameterOr(0), -kFarthest, kFarthest));
   } else if (word.starts_with("trbrdr")) {
     border_ = &rowBorder_;
   } else {
@@ -110,7 +111,7 @@ void RtfTable::shapeEvenly() {
     return;
   shapes_.resize(cells_.size());
   for (std::size_t i = 0; i < shapes_.size(); ++i)
-    shapes_[i].cell.right = row_.left + kUsualRowWidth * static_cast<int>(i + 1) / static_cast<int>(shapes_.size());
+    shapes_[i].cell.right = row_.left + static_cast<int>(kUsualRowWidth * (i + 1) / shapes_.size());
 }
 
 TableRow RtfTable::endRow() {

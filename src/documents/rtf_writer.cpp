@@ -14,7 +14,9 @@ void appendUnit(std::string& rtf, char32_t unit, int standIns) {
   rtf.append(static_cast<std::size_t>(standIns), '?');
 }
 
-void appendHex(std::string& rtf, std::string_view bytes) {
+}  // namespace
+
+void appendRtfHex(std::string& rtf, std::string_view bytes) {
   constexpr std::string_view digits = "0123456789abcdef";
   constexpr std::size_t bytesInLine = 64;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -25,8 +27,6 @@ void appendHex(std::string& rtf, std::string_view bytes) {
     rtf += digits[byte & 15];
   }
 }
-
-}  // namespace
 
 void appendRtfCharacter(std::string& rtf, char32_t character, int standIns) {
   switch (character) {
@@ -100,7 +100,7 @@ std::string rtfPicture(const Picture& picture) {
       break;
   }
   rtf += "\\picwgoal" + std::to_string(picture.width) + "\\pichgoal" + std::to_string(picture.height);
-  appendHex(rtf, bytes);
+  appendRtfHex(rtf, bytes);
   return rtf + "}";
 }
 

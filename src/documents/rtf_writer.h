@@ -12,6 +12,8 @@ namespace zelvo {
 void appendRtfCharacter(std::string& rtf, char32_t character, int standIns = 1);
 /// A text as rich-text source; any kind of line end becomes a line break inside the paragraph.
 std::string rtfText(std::string_view text, int standIns = 1);
+/// The bytes of a picture as the digits that stand for them in a letter.
+void appendRtfHex(std::string& rtf, std::string_view bytes);
 /// A picture as a group of its own.
 std::string rtfPicture(const Picture& picture);
 

@@ -53,6 +53,10 @@ Result<void> Control::take(std::string_view value) {
 Label::Label(Screen& screen, std::string_view name, std::string_view text, int index)
     : Control(screen, name, index), caption(text) {}
 
+std::string TextBox::shown() const {
+  return password ? std::string(length(text), '*') : text;
+}
+
 Result<void> TextBox::take(std::string_view value) {
   if (!manyLines && value.find_first_of("\r\n") != std::string_view::npos)
     return cannotTake(*this, value, "it holds one line");

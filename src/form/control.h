@@ -74,13 +74,15 @@ class TextBox : public Control {
  public:
   using Control::Control;
   ControlKind kind() const override { return ControlKind::TextBox; }
-  std::string shown() const override { return password ? std::string(text.size(), '*') : text; }
-  Result<void> take(std::string_view value) override;
+  std::string shown() const override;  ///< of a password as many stars as it has characters
 
   std::string text;
   bool manyLines = false;
   bool password = false;
   int maxLength = 0;  ///< most characters that a user types; 0 without a limit. What is longer is cut when it is stored
+
+ protected:
+  Result<void> take(std::string_view value) override;
 };
 
 /// A button, or a picture that is clicked; the caption carries its access key behind "&".
@@ -100,10 +102,12 @@ class CheckBox : public Control {
   CheckBox(Screen& screen, std::string_view name, std::string_view caption, int index = kAlone);
   ControlKind kind() const override { return ControlKind::CheckBox; }
   std::string shown() const override { return checked ? "1" : "0"; }
-  Result<void> take(std::string_view value) override;
 
   std::string caption;
   bool checked = false;
+
+ protected:
+  Result<void> take(std::string_view value) override;
 };
 
 /// One of several of which one is chosen; the group is its name (a control array) or `group`.
@@ -112,11 +116,13 @@ class Option : public Control {
   Option(Screen& screen, std::string_view name, std::string_view caption, std::string_view group, int index = kAlone);
   ControlKind kind() const override { return ControlKind::Option; }
   std::string shown() const override { return chosen ? "1" : "0"; }
-  Result<void> take(std::string_view value) override;
 
   std::string caption;
   std::string group;
   bool chosen = false;
+
+ protected:
+  Result<void> take(std::string_view value) override;
 };
 
 class Combo : public Control {
@@ -124,11 +130,13 @@ class Combo : public Control {
   using Control::Control;
   ControlKind kind() const override { return ControlKind::Combo; }
   std::string shown() const override { return text; }
-  Result<void> take(std::string_view value) override;
 
   std::string text;  ///< may be a value that the list does not offer: an old record keeps what it holds
   std::vector<std::string> items;
   bool freeText = true;  ///< whether the user may type what the list does not offer
+
+ protected:
+  Result<void> take(std::string_view value) override;
 };
 
 class DatePicker : public Control {
@@ -136,9 +144,11 @@ class DatePicker : public Control {
   using Control::Control;
   ControlKind kind() const override { return ControlKind::DatePicker; }
   std::string shown() const override;  ///< mm/dd/yyyy, or nothing
-  Result<void> take(std::string_view value) override;
 
   std::optional<Date> date;
+
+ protected:
+  Result<void> take(std::string_view value) override;
 };
 
 struct ListColumn {
@@ -147,7 +157,9 @@ struct ListColumn {
   bool toRight = false;
 };
 
-/// The rows that a list shows. They may be a million, so a list asks for those that it shows.
+/// The rows that a list shows. They may be a million, so a list asks for those that it shows. It asks while it paints,
+/// where nobody could be told of a trouble: cell throws nothing that can happen while the office works, and gives an
+/// empty text where it has none.
 class ListRows {
  public:
   virtual ~ListRows() = default;
@@ -186,10 +198,12 @@ class Tabs : public Control {
   Tabs(Screen& screen, std::string_view name, std::vector<std::string> captions);
   ControlKind kind() const override { return ControlKind::Tabs; }
   std::string shown() const override { return pages.empty() ? "" : pages[current]; }
-  Result<void> take(std::string_view value) override;  ///< the number from 1, or the caption
 
   std::vector<std::string> pages;
   std::size_t current = 0;
+
+ protected:
+  Result<void> take(std::string_view value) override;  ///< the number from 1, or the caption
 };
 
 /// A menu of the menu bar, or one that pops up.

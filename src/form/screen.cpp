@@ -148,6 +148,7 @@ void Screen::guarded(const Handler& handler) {
     handler();
   } catch (const std::exception& trouble) {
     desk.face.busy(false);
+    showStatus("");
     desk.messages.tell(
         " " + caption,
         std::string("This could not be finished:\n\n") + trouble.what() + "\n\nWhat you typed is still on the screen.",

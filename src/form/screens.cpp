@@ -55,7 +55,7 @@ Screen& Screens::place(Screen& screen, std::unique_ptr<Screen> owned, bool modal
 void Screens::bringToFront(Screen& screen) {
   const auto found =
       std::find_if(open_.begin(), open_.end(), [&](const Place& place) { return place.screen == &screen; });
-  if (found == open_.end())
+  if (found == open_.end() || !reachable(screen))
     return;
   std::rotate(open_.begin(), found, found + 1);
   desk_->face.cameToFront(screen);

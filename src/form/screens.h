@@ -31,6 +31,7 @@ class Screens {
   /// Shows a screen that the caller made, and waits until it is closed; it stays the caller's.
   void showModal(Screen& screen);
 
+  /// One that waits for a modal screen stays behind it.
   void bringToFront(Screen& screen);
   void close(Screen& screen);
   bool isOpen(const Screen& screen) const;

@@ -13,7 +13,7 @@ RecordRows::RecordRows(std::shared_ptr<Recordset> records, std::span<const ListF
 std::string RecordRows::cell(std::size_t row, std::size_t column) const {
   if (row >= count() || column >= columns_.size())
     return "";
-  const std::string text = records_->cell(row, columns_[column]).text();
+  const std::string text = records_->shownCell(row, columns_[column]);
   return trim(text).empty() ? "--" : text;
 }
 

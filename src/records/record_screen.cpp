@@ -2,6 +2,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "data/query_text.h"
 #include "records/record_rows.h"
 
 namespace zelvo {
@@ -51,26 +52,16 @@ void RecordScreen::Form_Activate(bool first) {
 
 bool RecordScreen::openRecords() {
   CurrentQuery& slot = desk.session.queryFor(kind_.slot);
-  const Table& table = *findTable(kind_.table);
   if (slot.connection.empty())
-    slot.connection = connectionText(joinPath(desk.session.dataFolder, table.file));
+    slot.connection = connectionText(joinPath(desk.session.dataFolder, findTable(kind_.table)->file));
   if (slot.query.empty())
-    slot.query = "Select * from " + std::string(table.name) + " order by " + std::string(table.browseOrder);
-  defaultQuery_ = slot.query;
-  showStatus("Reading database..");
-  auto connection = Connection::open(slot.connection);
-  auto records =
-      connection ? Recordset::open(*connection, slot.query) : Result<std::unique_ptr<Recordset>>(connection.error());
-  showStatus("");
-  if (!records) {
-    desk.messages.tell(" " + caption, records.error().message, Icon::Critical);
+    slot.query = wholeTable();
+  if (const auto read = readRecords(); !read) {
+    desk.messages.tell(" " + caption, read.error().message, Icon::Critical);
     return false;
   }
-  connection_ = *connection;
-  datPrimaryRS_ = std::move(*records);
   prepareBoxes();
   const std::string numberTrouble = numbering_.open(*datPrimaryRS_);
-  fillList();
   enter(Mode::Browse);
   if (!numberTrouble.empty())
     desk.messages.tell(" " + caption,
@@ -78,6 +69,27 @@ bool RecordScreen::openRecords() {
                            " gets the number " + numbering_.next() + ".",
                        Icon::Exclamation);
   return true;
+}
+
+std::string RecordScreen::wholeTable() const {
+  const Table& table = *findTable(kind_.table);
+  return "Select * from " + std::string(table.name) + " order by [" + std::string(table.browseOrder) + "]";
+}
+
+// Reads the records that the screen's slot of the table of current queries asks for.
+Result<void> RecordScreen::readRecords() {
+  const CurrentQuery& slot = desk.session.queryFor(kind_.slot);
+  showStatus("Reading database..");
+  const auto connection = Connection::open(slot.connection);
+  auto read =
+      connection ? Recordset::open(*connection, slot.query) : Result<std::unique_ptr<Recordset>>(connection.error());
+  showStatus("");
+  if (!read)
+    return read.error();
+  connection_ = *connection;
+  datPrimaryRS_ = std::move(*read);
+  fillList();
+  return {};
 }
 
 void RecordScreen::prepareBoxes() {
@@ -113,10 +125,8 @@ void RecordScreen::followHop() {
 }
 
 void RecordScreen::showHopped(std::string_view wanted) {
-  const std::string criterion =
-      "[" + std::string(records().table().key) + "] = '" + replaceAll(wanted, "'", "''") + "'";
   records().MoveFirst();
-  const auto found = records().Find(criterion);
+  const auto found = records().Find(columnIs(records().table().key, wanted));
   if (found && *found)
     return;
   std::string noun(kind_.noun);
@@ -124,8 +134,9 @@ void RecordScreen::showHopped(std::string_view wanted) {
   desk.messages.tell(" Record(s) not Found",
                      noun + " " + std::string(wanted) + " to hop, is not found.\nEntire recordset will be displayed.",
                      Icon::Exclamation);
-  desk.session.queryFor(kind_.slot).query = defaultQuery_;
-  records().MoveFirst();
+  desk.session.queryFor(kind_.slot).query = wholeTable();
+  if (const auto read = readRecords(); !read)
+    throw StoreError(read.error());
 }
 
 // ---- browsing
@@ -270,6 +281,9 @@ void RecordScreen::INew_Click() {
 }
 
 void RecordScreen::IEdit_Click() {
+  readAgain();
+  if (dbisempty())
+    return;
   returnTo_ = records().bookmark();
   SSTab1.current = 0;
   enter(Mode::Edit);
@@ -278,31 +292,41 @@ void RecordScreen::IEdit_Click() {
 
 void RecordScreen::ICancel_Click() {
   records().CancelUpdate();
+  readAgain();
+  records().goTo(returnTo_);
+  enter(Mode::Browse);
+}
+
+// What other computers changed since is seen before somebody works on it, not only when it is stored.
+void RecordScreen::readAgain() {
   if (const auto read = records().Refresh(); !read)
     throw StoreError(read.error());
-  records().goTo(returnTo_);
   ListView1.rowsChanged();
-  enter(Mode::Browse);
+  refreshRecord();
 }
 
 // ---- void, who and when
 
+// Any answer but No goes ahead.
+bool RecordScreen::mayChangeVoid(bool voided) {
+  MessageBox box{" Void a Record", "Are you sure you want to void this record?\nClicking 'Yes' will void the record.",
+                 Buttons::YesNo, Icon::Exclamation, Answer::Yes};
+  if (voided) {
+    box.title = " Record Void";
+    box.text = "This record is already voided. Do you want to reset it?\nClicking 'Yes' will restore/unvoid it";
+  }
+  return desk.messages.ask(box) != Answer::No;
+}
+
 void RecordScreen::delr_Click() {
   const bool voided = isVoided();
-  const bool goAhead =
-      voided ? desk.messages.confirm(" Record Void",
-                                     "This record is already voided. Do you want to reset it?\nClicking 'Yes' will "
-                                     "restore/unvoid it",
-                                     Icon::Exclamation)
-             : desk.messages.confirm(" Void a Record",
-                                     "Are you sure you want to void this record?\nClicking 'Yes' will void the record.",
-                                     Icon::Exclamation);
-  if (!goAhead)
+  if (!mayChangeVoid(voided))
     return;
   records().set("STATUS", voided ? "" : "V");
   if (const auto stored = records().Update(); !stored) {
     records().CancelUpdate();
     tellStoreFailed(stored.error());
+    readAgain();
   }
   refreshRecord();
 }

@@ -100,6 +100,10 @@ class RecordScreen : public Screen {
  private:
   void bindButtons();
   bool openRecords();
+  Result<void> readRecords();
+  std::string wholeTable() const;
+  void readAgain();
+  bool mayChangeVoid(bool voided);
   void prepareBoxes();
   void followHop();
   void showHopped(std::string_view wanted);
@@ -134,9 +138,8 @@ class RecordScreen : public Screen {
   Recordset::Bookmark returnTo_ = -1;
   ShownBoxes shown_;
   std::vector<TextBox*> amounts_;
-  std::string proposed_;   ///< the key that INew put on the screen
-  std::string newParcel_;  ///< key of a parcel that the user agreed to register with this record
-  std::string defaultQuery_;
+  std::string proposed_;       ///< the key that INew put on the screen
+  std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record
   std::string numberTrouble_;  ///< why the next number could not be written, of the last add
 };
 

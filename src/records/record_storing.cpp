@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "data/query_text.h"
 #include "records/record_screen.h"
 
 namespace zelvo {
@@ -55,8 +56,7 @@ std::string RecordScreen::typedKey() const {
 
 bool RecordScreen::keyInUse(std::string_view wanted) {
   const Table& table = records().table();
-  const auto inUse =
-      connection_->exists(table.name, "[" + std::string(table.key) + "] = '" + replaceAll(wanted, "'", "''") + "'");
+  const auto inUse = connection_->exists(table.name, columnIs(table.key, wanted));
   if (!inUse)
     throw StoreError(inUse.error());
   return *inUse;
@@ -144,19 +144,21 @@ Result<void> RecordScreen::store() {
 Result<void> RecordScreen::storeParcel() {
   if (newParcel_.empty())
     return {};
-  return parcels_.SBLAdd(newParcel_, typedKey(), parcelOwner(), "", parcelLocation());
+  auto added = parcels_.SBLAdd(newParcel_, typedKey(), parcelOwner(), "", parcelLocation());
+  const bool byAnother = !added && added.error().trouble == Trouble::Duplicate;
+  return byAnother ? Result<void>() : added;  // another computer registered the parcel meanwhile: all the better
 }
 
 void RecordScreen::IAdd_Click() {
   constexpr int kPatience = 100;  // computers that are quicker, one after another
-  for (int attempt = 0; attempt < kPatience && validate(true); ++attempt) {
+  for (int attempt = 1; validate(true); ++attempt) {
     const auto stored = store();
     if (stored)
       return afterStoring();
     records().CancelUpdate();
     (void)records().Refresh().ok();
     // Another computer may take the number between the check and the store: then the check tells, or moves on.
-    if (stored.error().trouble != Trouble::Duplicate)
+    if (stored.error().trouble != Trouble::Duplicate || attempt == kPatience)
       return tellStoreFailed(stored.error());
   }
 }

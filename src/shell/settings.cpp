@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "data/data_folder.h"
 #include "shell/setting_lines.h"
 
 namespace zelvo {
@@ -108,11 +109,6 @@ void readRollMarkers(Session& session) {
       FileExists(inDataFolder(session, "imported.txt")) && !FileExists(inDataFolder(session, "rps.mdb"));
 }
 
-void readParcelLayout(Session& session) {
-  const auto lines = linesIn(inDataFolder(session, "sblversion.txt"));
-  session.parcelLayout = !lines.empty() && CInt(Val(lines.front())) == 18 ? 18 : 13;
-}
-
 void readList(const ListFile& file, Session& session) {
   const auto lines = readLines(inDataFolder(session, file.file));
   if (!lines && !file.emptyWhenMissing)
@@ -152,7 +148,7 @@ void readSharedFiles(Session& session) {
   readReportHeader(session);
   readDefaults(session);
   readRollMarkers(session);
-  readParcelLayout(session);
+  session.parcelLayout = parcelLayoutIn(session.dataFolder);
   readList(kFeesFile, session);
   readList(kChecklistFile, session);
 }

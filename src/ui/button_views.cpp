@@ -158,11 +158,16 @@ class CheckView : public ControlView {
       widget_->setText(caption);
     if (widget_->isChecked() != box_.checked)
       widget_->setChecked(box_.checked);
+    if (locked_ == box_.locked)
+      return;
+    locked_ = box_.locked;
+    showFlat(widget_, locked_);
   }
 
  private:
   CheckBox& box_;
   QCheckBox* widget_;
+  bool locked_ = false;
 };
 
 class OptionView : public ControlView {
@@ -221,16 +226,31 @@ class TileButton : public QPushButton {
     constexpr int kPicture = 52;
     setIcon(tileIcon(row.glyph, row.hue));
     setIconSize(QSize(kPicture, kPicture));
-    setMinimumSize(164, 118);
+    setMinimumSize(132, 92);  // on a small display
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAutoDefault(true);
     QFont letters = font();
     letters.setPointSizeF(letters.pointSizeF() * 1.1);
     setFont(letters);
   }
-  QSize sizeHint() const override { return minimumSize(); }
+  QSize sizeHint() const override { return {164, 118}; }
 
  protected:
+  // The arrow keys go to the tile that lies there.
+  void keyPressEvent(QKeyEvent* event) override {
+    const int key = event->key();
+    const QPoint step(key == Qt::Key_Right  ? width()
+                      : key == Qt::Key_Left ? -width()
+                                            : 0,
+                      key == Qt::Key_Down ? height()
+                      : key == Qt::Key_Up ? -height()
+                                          : 0);
+    if (step.isNull())
+      return QPushButton::keyPressEvent(event);
+    QWidget* there = parentWidget()->childAt(geometry().center() + step + step / 8);  // over the gap as well
+    if (dynamic_cast<TileButton*>(there))
+      there->setFocus(Qt::TabFocusReason);
+  }
   void paintEvent(QPaintEvent*) override {
     QStylePainter painter(this);
     QStyleOptionButton option;

@@ -165,15 +165,18 @@ class DateView : public EntryView<DateBox> {
   }
 
  protected:
-  // What the user is typing stays as typed while it can be read as what the control holds.
+  // What the user is typing stays as typed while it can be read as what the control holds. What cannot be read goes
+  // when the typing is over.
   void showValue() override {
+    const bool givenUp = !readable_ && picker_.locked;
+    if (shown_ != picker_.date || givenUp)
+      setReadable(true);
     showLocked();
-    if (shown_ == picker_.date)
+    if (shown_ == picker_.date && !givenUp)
       return;
     shown_ = picker_.date;
-    setReadable(true);
     const std::string text = picker_.shown();
-    if (parseDate(widget_->text().toStdString()) != shown_ || !widget_->hasFocus())
+    if (givenUp || parseDate(widget_->text().toStdString()) != shown_ || !widget_->hasFocus())
       widget_->setText(QString::fromStdString(text));
   }
 
@@ -207,18 +210,28 @@ class DateView : public EntryView<DateBox> {
   bool readable_ = true;
 };
 
-// The wheel does not turn the pages.
+// The wheel does not turn the pages. An access key leads into its page, even when that is the present one.
 class PageTabs : public QTabBar {
  public:
   using QTabBar::QTabBar;
+  std::function<void()> called;
 
  protected:
+  bool event(QEvent* event) override {
+    if (event->type() == QEvent::Shortcut)
+      called();
+    return QTabBar::event(event);
+  }
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 };
 
 class PagesWidget : public QTabWidget {
  public:
-  explicit PagesWidget(QWidget* parent) : QTabWidget(parent) { setTabBar(new PageTabs(this)); }
+  explicit PagesWidget(QWidget* parent) : QTabWidget(parent), tabs_(new PageTabs(this)) { setTabBar(tabs_); }
+  PageTabs& tabs() { return *tabs_; }
+
+ private:
+  PageTabs* tabs_;
 };
 
 class TabsView : public ControlView {
@@ -228,8 +241,12 @@ class TabsView : public ControlView {
     for (const std::string& caption : tabs.pages)
       widget_->addTab(new QWidget, QString::fromStdString(caption));
     widget_->setDocumentMode(true);
-    QObject::connect(widget_, &QTabWidget::currentChanged, widget_,
-                     [this](int page) { user.sets(control_, std::to_string(page + 1)); });
+    widget_->tabs().called = [this] { enterPage(); };
+    QObject::connect(widget_, &QTabWidget::currentChanged, widget_, [this](int page) {
+      if (widget_->window()->focusWidget() != &widget_->tabs())  // there the arrow keys go on turning
+        enterPage();
+      user.sets(control_, std::to_string(page + 1));
+    });
   }
   QWidget* widget() const override { return widget_; }
 
@@ -247,6 +264,15 @@ class TabsView : public ControlView {
   }
 
  private:
+  // A page that the user turned to takes the focus, so that its list can be walked through at once.
+  void enterPage() {
+    QWidget* page = widget_->currentWidget();
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain())
+      if (page->isAncestorOf(next) && next->isEnabled() && next->isVisibleTo(page) &&
+          (next->focusPolicy() & Qt::TabFocus) != 0)
+        return next->setFocus(Qt::TabFocusReason);
+  }
+
   Tabs& tabs_;
   PagesWidget* widget_;
 };

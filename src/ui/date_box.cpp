@@ -18,9 +18,9 @@ namespace zelvo {
 
 DateBox::DateBox(QWidget* parent) : QLineEdit(parent) {
   setPlaceholderText(QStringLiteral("mm/dd/yyyy"));
-  auto* open = addAction(glyphIcon(Glyph::Calendar), QLineEdit::TrailingPosition);
-  open->setToolTip(QStringLiteral("Calendar (F4)"));
-  connect(open, &QAction::triggered, this, [this] { openCalendar(); });
+  open_ = addAction(glyphIcon(Glyph::Calendar), QLineEdit::TrailingPosition);
+  open_->setToolTip(QStringLiteral("Calendar (F4)"));
+  connect(open_, &QAction::triggered, this, [this] { openCalendar(); });
 }
 
 void DateBox::makeCalendar() {
@@ -56,6 +56,11 @@ void DateBox::openCalendar() {
   popup_->move(corner);
   popup_->show();
   calendar_->setFocus();
+}
+
+void DateBox::setReadOnly(bool readOnly) {
+  QLineEdit::setReadOnly(readOnly);
+  open_->setVisible(!readOnly);
 }
 
 void DateBox::showUnreadable(bool unreadable) {

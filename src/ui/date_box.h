@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <functional>
 
+class QAction;
 class QCalendarWidget;
 class QFrame;
 
@@ -17,6 +18,8 @@ class DateBox : public QLineEdit {
   /// A day was picked in the calendar; as mm/dd/yyyy.
   std::function<void(const QString&)> picked;
   void openCalendar();
+  /// A box that only shows has no calendar to open.
+  void setReadOnly(bool readOnly);
   /// Marks what is typed as no date.
   void showUnreadable(bool unreadable);
 
@@ -27,6 +30,7 @@ class DateBox : public QLineEdit {
  private:
   void makeCalendar();
 
+  QAction* open_;
   QFrame* popup_ = nullptr;
   QCalendarWidget* calendar_ = nullptr;
 };

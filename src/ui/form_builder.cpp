@@ -139,6 +139,7 @@ QScrollArea* Builder::scrolled(QWidget* inside) {
   area->setWidget(inside);
   area->setWidgetResizable(true);
   area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);  // the Tab key stops where something can be done
   return area;
 }
 

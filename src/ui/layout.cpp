@@ -104,6 +104,24 @@ void checkAccessKeys(const Screen& screen, const Layout& layout, std::vector<std
   }
 }
 
+// The Tab key goes in the order of the screen, the eye in that of the table.
+void checkOrder(const Screen& screen, const Layout& layout, std::vector<std::string>& problems) {
+  const std::vector<Control*>& order = screen.controls();
+  auto ahead = order.begin();
+  for (const LayoutRow& row : layout.rows) {
+    if (row.kind == LayoutRow::Kind::Page)
+      ahead = order.begin();
+    const Control* control = placesControl(row) ? screen.findById(row.control) : nullptr;
+    if (!control || control->kind() == ControlKind::Label)
+      continue;
+    const auto place = std::find(order.begin(), order.end(), control);
+    if (place < ahead)
+      problems.push_back("the Tab key comes to " + control->id() + " before " + (*ahead)->id() +
+                         ", which stands ahead of it");
+    ahead = std::max(ahead, place);
+  }
+}
+
 }  // namespace
 
 std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layout) {
@@ -113,6 +131,7 @@ std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layo
   checkCounts(screen, layout, problems);
   checkPages(screen, layout, problems);
   checkAccessKeys(screen, layout, problems);
+  checkOrder(screen, layout, problems);
   return problems;
 }
 

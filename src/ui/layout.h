@@ -114,8 +114,8 @@ class StackedLayout {
 const Layout* layoutFor(std::string_view screen);
 
 /// What is wrong between a screen and its table: a visible control that is nowhere or twice, a row for a control that
-/// is not there, a page that the tabs do not have, an access key that is given twice on one page. Empty when all is
-/// well.
+/// is not there, a page that the tabs do not have, an access key that is given twice on one page, a control that
+/// the Tab key reaches before one that stands ahead of it. Empty when all is well.
 std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layout);
 
 }  // namespace zelvo

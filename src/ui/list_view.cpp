@@ -1,3 +1,5 @@
+#include <QApplication>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QTableView>
@@ -33,6 +35,22 @@ class RowsTable : public QTableView {
   std::function<void(std::size_t)> wentTo;
   std::function<void(std::size_t)> opens;
 
+  // Typed letters lead to the first row that begins with them. A long list is in the order of its first column, and is
+  // not read through from end to end for one letter.
+  void keyboardSearch(const QString& letters) override {
+    constexpr int kReadThrough = 2'000;
+    if (!sinceTyped_.isValid() || sinceTyped_.elapsed() > QApplication::keyboardInputInterval())
+      typed_.clear();
+    sinceTyped_.start();
+    typed_ += letters;
+    const int count = model()->rowCount();
+    int row = count <= kReadThrough ? 0 : firstNotBefore(count);
+    while (count <= kReadThrough && row < count && compareRow(row) != 0)
+      ++row;
+    if (row < count && compareRow(row) == 0)
+      setCurrentIndex(model()->index(row, 0));
+  }
+
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override {
     QTableView::mouseReleaseEvent(event);
@@ -50,18 +68,41 @@ class RowsTable : public QTableView {
       return;
     }
     const int before = currentIndex().row();
-    QTableView::keyPressEvent(event);
+    if (event->key() == Qt::Key_Home || event->key() == Qt::Key_End)
+      goToEnd(event->key() == Qt::Key_End);
+    else
+      QTableView::keyPressEvent(event);
     if (currentIndex().row() != before)
       tellRow(wentTo);
   }
 
  private:
+  // How the beginning of a row's first cell compares with what was typed.
+  int compareRow(int row) const {
+    return model()->index(row, 0).data().toString().left(typed_.size()).compare(typed_, Qt::CaseInsensitive);
+  }
+  int firstNotBefore(int count) const {
+    int first = 0;
+    while (count > 0) {
+      const int half = count / 2;
+      const bool before = compareRow(first + half) < 0;
+      first = before ? first + half + 1 : first;
+      count = before ? count - half - 1 : half;
+    }
+    return first;
+  }
+  // Rows are what is walked through here, not the cells of one.
+  void goToEnd(bool last) {
+    setCurrentIndex(model()->index(last ? model()->rowCount() - 1 : 0, std::max(currentIndex().column(), 0)));
+  }
   void tellRow(const std::function<void(std::size_t)>& told) {
     if (currentIndex().isValid())
       told(static_cast<std::size_t>(currentIndex().row()));
   }
 
   bool opened_ = false;
+  QString typed_;
+  QElapsedTimer sinceTyped_;
 };
 
 class RowsView : public ControlView {

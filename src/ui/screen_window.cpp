@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 
 namespace zelvo {
 
@@ -44,6 +46,7 @@ void ScreenWindow::detach() {
 void ScreenWindow::refresh() {
   if (!screen_)
     return;
+  const QWidget* held = focusWidget();
   for (const auto& view : form_.views)
     view->refresh();
   for (const FieldGroup& group : form_.groups)
@@ -58,7 +61,21 @@ void ScreenWindow::refresh() {
     statusBar()->showMessage(QString::fromStdString(shownStatus_));
     statusBar()->setVisible(hasStatusLine_ || !shownStatus_.empty());
   }
+  saveFocus(held);
   moveFocus();
+}
+
+// A pressed button that goes grey would hand the focus to the next one that does not: after Add that is Quit, and the
+// next Enter would close the window. It goes where Enter presses nothing.
+void ScreenWindow::saveFocus(const QWidget* held) {
+  if (!qobject_cast<const QAbstractButton*>(held) || held->isEnabled())
+    return;
+  for (const auto& view : form_.views) {
+    QWidget* widget = view->widget();
+    if (widget && !qobject_cast<QAbstractButton*>(widget) && !qobject_cast<QLabel*>(widget) && widget->isEnabled() &&
+        widget->isVisibleTo(this))
+      return widget->setFocus(Qt::OtherFocusReason);
+  }
 }
 
 void ScreenWindow::moveFocus() {
@@ -74,7 +91,10 @@ void ScreenWindow::open(QWidget* opener) {
     return setGeometry(QWidget::screen()->geometry());
   const QRect room = QWidget::screen()->availableGeometry();
   const QSize frame(16, 40);  // a window's border and title, which it does not count itself
-  resize(sizeHint().boundedTo(room.size() - frame));
+  QSize size = sizeHint().boundedTo(room.size() - frame);
+  if (size.width() < sizeHint().width())  // its columns go below each other
+    size.setHeight(room.height() - frame.height());
+  resize(size);
   if (opener) {
     winId();  // makes the handle
     windowHandle()->setTransientParent(opener->windowHandle());
@@ -113,10 +133,24 @@ void ScreenWindow::act(const std::function<void()>& doing) {
   });
 }
 
-// A refusal needs no word: what the control kept is shown again.
+// A button is not pressed when the box left behind was refused: the user would be told the same thing twice.
+void ScreenWindow::press(const std::function<void()>& doing) {
+  if (!screen_)
+    return;
+  host_.act([&] {
+    if (!tellLeft())
+      doing();
+  });
+}
+
+// A refusal needs no word: what the control kept is shown again. To turn a page is to press it.
 void ScreenWindow::sets(Control& control, const std::string& value) {
   complaint_.clear();
-  act([&] { static_cast<void>(screen_->userSets(control, value)); });
+  const auto setting = [&] { static_cast<void>(screen_->userSets(control, value)); };
+  if (control.kind() == ControlKind::Tabs)
+    return press(setting);
+  edited_ = &control;
+  act(setting);
 }
 
 // Pressing a button by its access key moves the focus there as a click does, so that the box left behind is told first.
@@ -126,11 +160,23 @@ void ScreenWindow::clicks(Control& control) {
   const ControlView* view = form_.find(control);
   if (view && view->widget() && view->widget()->focusPolicy() != Qt::NoFocus && !view->widget()->hasFocus())
     view->widget()->setFocus(Qt::OtherFocusReason);
-  const auto* button = dynamic_cast<const Button*>(&control);
-  if (holdsUnreadable() && !(button && button->isCancel))
+  if (givesUp(control))
+    left_ = nullptr;  // what is given up need not be right
+  else if (holdsUnreadable())
     return;
   complaint_.clear();
-  act([&] { static_cast<void>(screen_->userClicks(control)); });
+  press([&] { static_cast<void>(screen_->userClicks(control)); });
+}
+
+// The buttons that keep nothing of what was typed.
+bool ScreenWindow::givesUp(const Control& control) const {
+  const auto* button = dynamic_cast<const Button*>(&control);
+  if (button && button->isCancel)
+    return true;
+  const std::string id = control.id();
+  return std::any_of(layout_->rows.begin(), layout_->rows.end(), [&](const LayoutRow& row) {
+    return row.control == id && (row.glyph == Glyph::Cancel || row.glyph == Glyph::Quit);
+  });
 }
 
 // Nothing is stored while a box holds what cannot be read: the user is led back to it.
@@ -146,11 +192,13 @@ bool ScreenWindow::holdsUnreadable() {
   return false;
 }
 
-// Told when the present event is over, or before whatever the user does next: a handler may open a message, and must
-// not do so in the middle of a move of the focus.
+// A box that was only walked through is not told of: a refused one could not be left again to mend the other box that
+// it disagrees with. Told when the present event is over, or before whatever the user does next: a handler may open a
+// message, and must not do so in the middle of a move of the focus.
 void ScreenWindow::leaves(Control& control) {
-  if (!screen_)
+  if (!screen_ || edited_ != &control)
     return;
+  edited_ = nullptr;
   left_ = &control;
   QTimer::singleShot(0, this, [this] {
     if (left_)
@@ -158,9 +206,15 @@ void ScreenWindow::leaves(Control& control) {
   });
 }
 
-void ScreenWindow::tellLeft() {
-  if (Control* control = std::exchange(left_, nullptr))
-    static_cast<void>(screen_->userLeaves(*control));
+// True when the handler led the user somewhere else, or away.
+bool ScreenWindow::tellLeft() {
+  Control* control = std::exchange(left_, nullptr);
+  if (!control)
+    return false;
+  const QPointer<ScreenWindow> self(this);
+  const QWidget* before = focusWidget();
+  static_cast<void>(screen_->userLeaves(*control));
+  return !self || !screen_ || screen_->focus || focusWidget() != before;
 }
 
 void ScreenWindow::chooses(ListView& list, std::size_t row) {
@@ -178,6 +232,7 @@ void ScreenWindow::complains(const std::string& why) {
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // the screen decides
+  left_ = nullptr;
   act([&] { screen_->userCloses(); });
 }
 

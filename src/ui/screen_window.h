@@ -53,10 +53,13 @@ class ScreenWindow : public QMainWindow, private UserActions {
   void complains(const std::string& why) override;
 
   void act(const std::function<void()>& doing);
-  void tellLeft();
+  void press(const std::function<void()>& doing);
+  bool tellLeft();
+  bool givesUp(const Control& control) const;
   bool holdsUnreadable();
   Button* buttonFor(int key) const;
   void moveFocus();
+  void saveFocus(const QWidget* held);
   void placeBeside(QWidget* opener);
 
   Screen* screen_;
@@ -64,7 +67,8 @@ class ScreenWindow : public QMainWindow, private UserActions {
   std::unique_ptr<StackedLayout> stacked_;
   const Layout* layout_;
   BuiltForm form_;
-  Control* left_ = nullptr;  // whose leaving is still to be told
+  const Control* edited_ = nullptr;  // what the user last changed, until it is left
+  Control* left_ = nullptr;          // whose leaving is still to be told
   std::string shownCaption_, shownStatus_;
   bool hasStatusLine_ = false;  // small windows show theirs only when it says something
   std::string complaint_;       // stands at the foot until the user does something else

@@ -4,15 +4,23 @@
 #include <QFont>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace zelvo {
 
 namespace {
 
-// Buttons of message boxes carry their words alone, and access keys are always underlined.
+QColor between(const QColor& one, const QColor& other) {
+  return QColor((one.red() * 2 + other.red()) / 3, (one.green() * 2 + other.green()) / 3,
+                (one.blue() * 2 + other.blue()) / 3);
+}
+
+// Buttons of message boxes carry their words alone, and access keys are always underlined. On dark colours the boxes
+// have an edge that can be seen.
 class HouseStyle : public QProxyStyle {
  public:
   HouseStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -24,6 +32,19 @@ class HouseStyle : public QProxyStyle {
     if (hint == SH_UnderlineShortcut)
       return 1;
     return QProxyStyle::styleHint(hint, option, widget, more);
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool box = element == PE_IndicatorCheckBox || element == PE_FrameLineEdit || element == PE_Frame;
+    if (!box || !isDark(option->palette) || option->state.testFlag(State_HasFocus))
+      return;
+    painter->save();
+    painter->setPen(between(option->palette.color(QPalette::Window), option->palette.color(QPalette::WindowText)));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
   }
 };
 

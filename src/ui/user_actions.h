@@ -13,6 +13,7 @@ class UserActions {
   virtual ~UserActions() = default;
   virtual void sets(Control& control, const std::string& value) = 0;
   virtual void clicks(Control& control) = 0;
+  /// The focus left it; the screen hears of it when the user had changed it.
   virtual void leaves(Control& control) = 0;
   virtual void chooses(ListView& list, std::size_t row) = 0;
   virtual void opensRow(ListView& list, std::size_t row) = 0;

@@ -87,7 +87,8 @@ TEST_F(DataFolder, ParcelLayoutIsReadFromItsFile) {
   const struct {
     std::string_view text;
     int layout;
-  } files[] = {{"18\r\n", 18}, {" 18 ", 18}, {"13", 13}, {"", 13}, {"eighteen", 13}, {"\r\n18", 13}};
+  } files[] = {{"18\r\n", 18}, {" 18 ", 18}, {"18 fields", 18}, {"15", 13},
+               {"13", 13},     {"", 13},     {"eighteen", 13},  {"\r\n18", 13}};
   fill();
   for (const auto& file : files) {
     folder.write("records/SblVersion.txt", file.text);
@@ -107,12 +108,35 @@ TEST_F(DataFolder, BlanksAreMadeOnceAndNeverReplaced) {
   EXPECT_EQ(folder.read("program/wrk/db1.mdb"), "the office's own");
 }
 
+TEST_F(DataFolder, FilesThatAnotherComputerIsMakingAreLeftToIt) {
+  std::vector<std::string> theirs;
+  for (int next = 0; next < 200; ++next) {
+    theirs.push_back(
+        folder.file("records/.zelvo-new-" + std::to_string(::getpid()) + "-" + std::to_string(next) + ".tmp"));
+    folder.write("records/" + fileNameOf(theirs.back()), "half made");
+  }
+  const auto made = createDatabase(folder.file("records/db1.mdb"), *findTable("BLDGPERM"));
+  EXPECT_TRUE(made.ok()) << troubleOf(made);
+  for (const std::string& path : theirs)
+    EXPECT_TRUE(FileExists(path)) << path;
+}
+
 TEST_F(DataFolder, ScreensMakeSureOfTheirDatabase) {
   const auto fees = ensureDatabase(user.session, "\\pbfees.mdb");
   ASSERT_TRUE(fees.ok()) << troubleOf(fees);
   EXPECT_EQ(*fees, folder.file("records/pbfees.mdb"));
   EXPECT_EQ(rows(connect("records/pbfees.mdb"), "Select * from PBFEES")->RecordCount(), 0u);
   EXPECT_EQ(ensureDatabase(user.session, "db9.mdb").error().trouble, Trouble::NotFound);
+}
+
+TEST_F(DataFolder, WhatIsThereAndCannotBeReadIsNotReplaced) {
+  fill();
+  ASSERT_TRUE(deleteFile(folder.file("records/db1.mdb")).ok());
+  ASSERT_TRUE(makeFolder(folder.file("records/db1.mdb")).ok());
+  const auto resolved = resolveDataFolder(user.desk);
+  ASSERT_FALSE(resolved.ok());
+  EXPECT_NE(troubleOf(resolved).find("cannot be read"), std::string::npos) << troubleOf(resolved);
+  EXPECT_TRUE(folderExists(folder.file("records/db1.mdb")));
 }
 
 TEST_F(DataFolder, ClosedFolderIsToldAndLeftAsItIs) {

@@ -80,19 +80,7 @@ TEST_F(EngineTest, TellsWhatAFileIsInsteadOfADatabase) {
   }
 }
 
-TEST_F(EngineTest, ConnectionTextMustNameAFile) {
-  for (const std::string_view text : {"", "PROVIDER=Microsoft.Jet.OLEDB.4.0;", "Data Source=;", "Data Source= "})
-    EXPECT_EQ(Connection::open(text).error().trouble, Trouble::BadInput) << text;
-  connect("db1.mdb");
-  const std::string path = folder.file("DB1.MDB");
-  for (const std::string& text : {"provider=x;DATA SOURCE=" + path, "Data Source=" + path + ";", connectionText(path)})
-    EXPECT_TRUE(Connection::open(text).ok()) << text;
-}
-
-TEST_F(EngineTest, ParcelTableComesInTheLayoutItHas) {
-  ASSERT_TRUE(createDatabase(folder.file("sbl.mdb"), extendedParcelTable()).ok());
-  EXPECT_EQ((*connect("sbl.mdb")->table("SBL"))->columns.size(), 18u);
-  EXPECT_EQ(rows(connect("sbl.mdb"), "Select * from SBL")->fieldCount(), 18u);
+TEST_F(EngineTest, OldParcelTableIsKnownUnderAnyName) {
   ASSERT_TRUE(createDatabase(folder.file("old.mdb"), *findTable("SBL")).ok());
   EXPECT_EQ((*connect("old.mdb")->table("sbl"))->columns.size(), 13u);
   EXPECT_EQ(connect("old.mdb")->table("BLDGPERM").error().trouble, Trouble::NotFound);
@@ -135,21 +123,6 @@ TEST_F(EngineTest, WriteAheadFileIsSetBackForTheSharedFolder) {
   EXPECT_EQ(refusal("db1.mdb").trouble, Trouble::Busy);
 }
 
-TEST_F(EngineTest, LockedFileIsToldAfterTheWait) {
-  const auto connection = connect();
-  const auto other = sqlite::openEngine(folder.file("db1.mdb"), 30ms);
-  ASSERT_TRUE(other.ok());
-  const Table& table = **connection->table("BLDGPERM");
-  auto transaction = connection->begin();
-  const auto inserted = (*other)->insert(table, Row(table.columns.size()));
-  ASSERT_FALSE(inserted.ok());
-  EXPECT_EQ(inserted.error().trouble, Trouble::Busy);
-  EXPECT_NE(inserted.error().message.find("locked"), std::string::npos) << inserted.error().message;
-  EXPECT_TRUE((*other)->select("Select * from BLDGPERM").ok()) << "reading goes on";
-  transaction->rollback();
-  EXPECT_TRUE((*other)->insert(table, Row(table.columns.size())).ok());
-}
-
 TEST_F(EngineTest, SecondScreenOnAFileKeepsTheLockOfTheFirst) {
   const auto connection = connect();
   auto transaction = connection->begin();
@@ -161,17 +134,6 @@ TEST_F(EngineTest, SecondScreenOnAFileKeepsTheLockOfTheFirst) {
   ASSERT_TRUE(transaction->commit().ok());
   EXPECT_TRUE(anotherMayWrite("db1.mdb"));
   EXPECT_EQ(permits(connect("copy.mdb"))->RecordCount(), 0u) << "a copy holds what is stored, not what is under way";
-}
-
-TEST_F(EngineTest, LookingAtRowsKeepsNobodyWaiting) {
-  auto records = permits(connect());
-  for (int i = 0; i < 300; ++i)
-    addPermit(*records, std::to_string(i));
-  auto looking = permits(connect());
-  EXPECT_EQ(looking->text("PERMIT"), "0");
-  looking->MoveLast();
-  EXPECT_TRUE(*looking->Find("[PERMIT] = '99'"));
-  EXPECT_TRUE(anotherMayWrite("db1.mdb"));
 }
 
 /// An engine with a hand on its database, to make the store fail at will.

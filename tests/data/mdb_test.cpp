@@ -1,6 +1,10 @@
 #include "data/mdb.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
 
 #include "base/files.h"
 #include "support/temp_folder.h"
@@ -41,6 +45,23 @@ class Registry : public ::testing::Test {
   Session session, other;
   mdb parcels{session};
 };
+
+/// What a shared folder does to an open file when it goes away: nothing can be read from it any more.
+void loseFile(const std::string& path) {
+  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    if (std::filesystem::read_symlink(entry.path(), gone) == path)
+      ::dup2(::open("/dev/null", O_RDWR | O_CLOEXEC), std::stoi(entry.path().filename()));
+  }
+}
+
+TEST_F(Registry, IsReachedAgainWhenTheFolderComesBack) {
+  useOld();
+  done(parcels.SBLAdd("1-0-0-2-3", "25-1", "Smith", "", "1 Main St"));
+  loseFile(folder.file("sbl.mdb"));
+  EXPECT_FALSE(parcels.SBLExists("1-0-0-2-3").ok());
+  EXPECT_TRUE(has(parcels, "1-0-0-2-3"));
+}
 
 TEST_F(Registry, KnowsItsLayout) {
   EXPECT_FALSE(parcels.resetsbl().ok()) << "without a file";

@@ -283,6 +283,47 @@ TEST_F(RecordsetTest, TransactionGivenUpAfterMovingLeavesNothing) {
   EXPECT_EQ(numbers(*permits(connect())), "25-1 25-4 ");
 }
 
+TEST_F(RecordsetTest, RowBehindARemovedOneStaysInHandWhenTheRemovalIsGivenUp) {
+  const auto connection = connect();
+  auto records = permits(connection);
+  for (const auto* number : {"25-1", "25-2", "25-3"})
+    addPermit(*records, number);
+  records->MoveFirst();
+  {
+    auto transaction = connection->begin();
+    ASSERT_TRUE(records->Delete().ok());
+    records->MoveNext();
+    records->set("OWNNAME1", "Jones");
+  }
+  EXPECT_EQ(records->AbsolutePosition(), 3u);
+  const auto stored = records->Update();
+  EXPECT_TRUE(stored.ok()) << troubleOf(stored);
+  EXPECT_TRUE(*records->Find("[OWNNAME1] = 'Jones'"));
+  EXPECT_EQ(records->text("PERMIT"), "25-3");
+}
+
+TEST_F(RecordsetTest, AddingLeavesNoOtherRowToRemove) {
+  auto records = permits(connect());
+  addPermit(*records, "25-1");
+  records->AddNew();
+  EXPECT_THROW((void)records->Delete(), StoreError);
+  EXPECT_EQ(permits(connect())->RecordCount(), 1u);
+}
+
+TEST_F(RecordsetTest, ListOfAStoreThatCannotBeReadShowsNothing) {
+  auto records = permits(connect());
+  addPermit(*records, "25-1");
+  EXPECT_EQ(records->shownCell(0, 0), "25-1");
+  EXPECT_EQ(records->shownCell(0, 1), "") << "nothing stands there";
+  EXPECT_EQ(records->shownCell(1, 0), "") << "no such row";
+
+  auto unread = permits(connect());
+  spoil(folder, "db1.mdb");
+  EXPECT_THROW(unread->cell(0, 0), StoreError);
+  EXPECT_EQ(unread->shownCell(0, 0), "");
+  EXPECT_THROW(unread->get("PERMIT"), StoreError) << "whoever reads the record hears of it";
+}
+
 TEST_F(RecordsetTest, StoreHandsCountersOut) {
   const auto connection = connect("meeting.mdb");
   auto meetings = rows(connection, "Select * from MEETING");

@@ -160,6 +160,7 @@ TEST(DocumentReader, ReadsPictures) {
   const Row rows[] = {
       {"a bitmap of 96 dots to the inch", "\\dibitmap0 " + hex(bitmap), 30, 15},
       {"a stated and scaled size", "\\picwgoal200\\pichgoal100\\picscalex50\\dibitmap\r\n" + hex(bitmap), 100, 100},
+      {"scaled beyond any paper", "\\picwgoal600000\\pichgoal9\\picscalex9000\\dibitmap " + hex(bitmap), 600000, 9},
       {"cropped", "\\piccropl50\\picwgoal200\\pichgoal100\\dibitmap " + hex(bitmap), 150, 100},
       {"inside a metafile", "\\wmetafile8\\picwgoal40\\pichgoal20 " + hex(metafile), 40, 20},
       {"as bytes", "\\dibitmap\\bin" + std::to_string(bitmap.size()) + " " + bitmap, 30, 15}};

@@ -57,6 +57,23 @@ TEST_F(LetterTest, RefusesATemplateThatItCannotUse) {
   EXPECT_FALSE(FileExists(joinPath(program.path(), "tmp.rtf")));
 }
 
+TEST_F(LetterTest, IsSavedWholeOrNotAtAll) {
+  using namespace std::string_literals;
+  putForm("a.rtf", "{\\rtf1 %01\\par}\r\n\0"s);
+  LetterPrinter printer(desk.desk);
+  printer.context.values[1] = "first";
+  ASSERT_TRUE(printer.merge("\\A.RTF").ok()) << "whatever its case";
+  const std::string first = readBytes(joinPath(program.path(), "tmp.rtf")).valueOr("");
+  EXPECT_EQ(first, "{\\rtf1 first\\par}\r\n\0"s);
+  desk.session.programFolder = program.path() + "/nowhere";
+  printer.context.values[1] = "second";
+  const auto lost = printer.print("\\a.rtf", "A");
+  ASSERT_FALSE(lost.ok());
+  EXPECT_NE(lost.error().message.find("nowhere"), std::string::npos) << lost.error().message;
+  EXPECT_TRUE(desk.printed.empty());
+  EXPECT_EQ(readBytes(joinPath(program.path(), "tmp.rtf")).valueOr(""), first);
+}
+
 TEST_F(LetterTest, TellsWhatThePrinterSays) {
   putForm("a.rtf", "{\\rtf1 a}");
   desk.printerSays = Error{Trouble::Failed, "no paper"};
@@ -107,6 +124,30 @@ TEST_F(PrintFrmTest, KeepsMarginsBetweenHalfAnInchAndThree) {
       }
   });
   desk.screens.showModal(screen);
+}
+
+TEST_F(PrintFrmTest, WaitsForThePrinterAndKeepsItsCopies) {
+  desk.when("PrintFrm", [&](Screen&) {
+    desk.set(screen, "Combo1", "Checklist");
+    desk.set(screen, "Text1", "9");
+    desk.set(screen, "Text3", "");
+    desk.set(screen, "Combo2", "200");
+    desk.set(screen, "Check3", "1");
+    desk.chosenCopies.reset();
+    desk.click(screen, "cmdPrint");
+    EXPECT_TRUE(desk.screens.isOpen(screen)) << "the printer dialog was cancelled";
+    EXPECT_FALSE(screen.accepted());
+    EXPECT_EQ(desk.session.print.type, "");
+    desk.chosenCopies = 3;
+    desk.click(screen, "cmdPrint");
+  });
+  desk.screens.showModal(screen);
+  EXPECT_TRUE(screen.accepted());
+  const PrintOptions& options = desk.session.print;
+  EXPECT_EQ(options.copies, 3);
+  EXPECT_EQ(options.left, 3) << "a box that was never left has its limits too";
+  EXPECT_EQ(options.right, 0.5);
+  EXPECT_EQ(options.fontSize, 24);
 }
 
 TEST_F(PrintFrmTest, LeavesTheOptionsAloneWhenCancelled) {

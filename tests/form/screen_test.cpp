@@ -86,6 +86,12 @@ TEST_F(ScreenTest, EveryControlTakesWhatItCanAndRefusesTheRest) {
   }
 }
 
+TEST_F(ScreenTest, PasswordShowsAStarForEachCharacter) {
+  screen->Amount.password = true;
+  at.set(*screen, "Amount", "été");
+  EXPECT_EQ(screen->Amount.shown(), "***");
+}
+
 TEST_F(ScreenTest, TickingAndChoosingDoWhatAClickDoes) {
   at.click(*screen, "Tick");
   at.set(*screen, "Tick", "0");

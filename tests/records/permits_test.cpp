@@ -310,6 +310,27 @@ TEST_F(PermitOffice, RecordChangedBySomeoneElseIsNotOverwritten) {
   EXPECT_EQ(at.shown(permits, "Text1(18)"), "Their owner");
 }
 
+TEST_F(PermitOffice, WhatAnotherComputerChangedIsSeenBeforeItIsWorkedOn) {
+  addOther("26-1");
+  APermits& permits = open();
+  auto other = permitsNow();
+  other->set("OWNNAME1", "Their owner");
+  ASSERT_TRUE(other->Update().ok());
+  at.click(permits, "IEdit");
+  EXPECT_EQ(at.shown(permits, "Text1(18)"), "Their owner");
+  at.click(permits, "ICancel");
+
+  other->set("OWNNAME1", "Their second owner");
+  ASSERT_TRUE(other->Update().ok());
+  at.expect(" Void a Record", "Are you sure...", Answer::Yes);
+  at.expect(" Building Permits", "The permit could not be stored:...");
+  at.click(permits, "delr");
+  EXPECT_EQ(at.shown(permits, "Text1(18)"), "Their second owner");
+  at.expect(" Void a Record", "Are you sure...", Answer::Yes);
+  at.click(permits, "delr");
+  EXPECT_TRUE(permits.isVoided());
+}
+
 TEST_F(PermitOffice, RefusedStoreKeepsWhatWasTypedAndCanBeTriedAgain) {
   APermits& permits = open();
   at.click(permits, "INew");

@@ -59,6 +59,7 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
   std::optional<std::string> browser = "/bin/true";
   std::vector<PrintJob> printed;
   Result<void> printerSays;
+  std::optional<int> chosenCopies = 1;  ///< in the printer dialog; nothing: it is cancelled
   std::vector<std::string> started;
   std::vector<std::string> statusLines;
   std::vector<std::string> came;  ///< names of the screens as they came to the front
@@ -106,7 +107,10 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
       printed.push_back(job);
     return printerSays;
   }
-  bool choosePrinter(PrintOptions&) override { return true; }
+  bool choosePrinter(PrintOptions& options) override {
+    options.copies = chosenCopies.value_or(options.copies);
+    return chosenCopies.has_value();
+  }
 
   std::optional<std::string> networkUser() override { return user; }
   std::string temporaryFolder() override { return temporary; }

@@ -1,4 +1,9 @@
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
 
 #include "app/house/house.h"
 #include "base/files.h"
@@ -56,6 +61,54 @@ TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
   check(user);
   PrintFrm options(at.desk, "Print Permit 26-1", {"Building Permit"});
   check(options);
+}
+
+TEST_F(OfficeLayouts, WhatIsGivenUpNeedNotBeRight) {
+  auto* permits = at.screens.open("APermits");
+  StillHost host;
+  ScreenWindow window(*permits, host);
+  const auto press = [&](const char* id) {
+    QTest::mouseClick(window.findChild<QAbstractButton*>(id), Qt::LeftButton);
+    window.refresh();
+  };
+  window.show();
+  press("INew");
+  auto* date = window.findChild<QLineEdit*>("DTPicker1");
+  date->setFocus();
+  date->selectAll();
+  QTest::keyClicks(date, "soon");
+  press("IAdd");
+  EXPECT_EQ(date->text(), "soon") << "nothing is stored, and the user is led back";
+  press("ICancel");
+  EXPECT_TRUE(static_cast<Button*>(permits->find("INew"))->enabled);
+  EXPECT_NE(date->text(), "soon");
+}
+
+TEST_F(OfficeLayouts, APageTurnedToTakesTheFocus) {
+  StillHost host;
+  ScreenWindow window(*at.screens.open("APermits"), host);
+  window.show();
+  auto* pages = window.findChild<QTabWidget*>("SSTab1");
+  pages->setCurrentIndex(1);
+  EXPECT_EQ(window.focusWidget()->objectName(), "ListView1") << "the arrow keys walk through the list at once";
+  pages->tabBar()->setFocus();
+  pages->setCurrentIndex(0);
+  EXPECT_EQ(window.focusWidget(), pages->tabBar()) << "on the tabs themselves they go on turning";
+}
+
+TEST_F(OfficeLayouts, TheArrowKeysGoToTheTileThatLiesThere) {
+  Screen* menu = at.screens.open("MenuFrm");
+  StillHost host;
+  ScreenWindow window(*menu, host);
+  window.show();
+  window.findChild<QWidget*>("Image1")->setFocus();
+  const std::pair<Qt::Key, const char*> walk[] = {
+      {Qt::Key_Left, "Image1"}, {Qt::Key_Right, "Image2"}, {Qt::Key_Down, "Image5"},  {Qt::Key_Left, "Image4"},
+      {Qt::Key_Down, "Image7"}, {Qt::Key_Down, "Image7"},  {Qt::Key_Right, "Image8"}, {Qt::Key_Up, "Image5"}};
+  for (const auto& [key, tile] : walk) {
+    QTest::keyClick(window.focusWidget(), key);
+    EXPECT_EQ(window.focusWidget()->objectName(), tile);
+  }
 }
 
 }  // namespace

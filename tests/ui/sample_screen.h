@@ -26,6 +26,16 @@ class SampleScreen : public Screen {
     cmdOK.isDefault = true;
     onEdit(Text1(2), [this] { Text1(2).text = std::string(trimmedUpper(Text1(2).text)); });
     onLeave(Text1(18), [this] { heard("left owner"); });
+    onLeave(Text1(2), [this] {
+      if (Text1(2).text != "BAD")
+        return;
+      heard("refused");
+      setFocus(Text1(2), true);
+    });
+    onClick(done, [this] {
+      heard("done");
+      done.enabled = false;
+    });
     onClick(cmdOK, [this] { heard("ok " + Text1(18).text); });
     onClick(Quit, [this] { closeMe(); });
     onClick(ask,
@@ -49,6 +59,7 @@ class SampleScreen : public Screen {
   TextBox Text2{*this, "Text2"};
   ListView ListView1{*this, "ListView1"};
   Button ask{*this, "ask", "&Void"};
+  Button done{*this, "done", "Do&ne"};
   Button cmdOK{*this, "cmdOK", "OK"};
   Button Quit{*this, "Quit", "&Quit"};
 

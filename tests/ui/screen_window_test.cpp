@@ -79,7 +79,8 @@ TEST_F(WindowTest, FocusRequestsAreFollowed) {
 
 TEST_F(WindowTest, TabGoesInTheOrderOfTheControls) {
   the("Text1(2)")->setFocus();
-  for (const char* next : {"Text1(18)", "Combo1", "Combo2", "DTPicker1", "Check3", "Text2", "ListView1", "ask"}) {
+  for (const char* next :
+       {"Text1(18)", "Combo1", "Combo2", "DTPicker1", "Check3", "Text2", "ListView1", "ask", "done"}) {
     key(Qt::Key_Tab);
     ASSERT_TRUE(window->focusWidget());
     EXPECT_EQ(window->focusWidget()->objectName(), next);
@@ -93,6 +94,25 @@ TEST_F(WindowTest, LeavingABoxIsToldOnceAndBeforeThePress) {
   ASSERT_TRUE(heardSoon("no"));
   press("cmdOK");
   EXPECT_EQ(screen->events, (std::vector<std::string>{"left owner", "no", "ok Smith"}));
+}
+
+TEST_F(WindowTest, ARefusedBoxHoldsThePressButNotTheUser) {
+  type("Text1(2)", "bad");
+  press("done");
+  EXPECT_EQ(screen->events, std::vector<std::string>{"refused"}) << "nothing is done, and it is said once";
+  EXPECT_EQ(window->focusWidget(), the("Text1(2)"));
+  key(Qt::Key_Tab);
+  EXPECT_EQ(window->focusWidget(), the("Text1(18)")) << "what it disagrees with may stand in another box";
+  EXPECT_EQ(screen->events.size(), 1u) << "a box that is only walked through is not checked anew";
+}
+
+TEST_F(WindowTest, AButtonThatGoesGreyHandsTheFocusToNoOtherButton) {
+  key(Qt::Key_N, Qt::AltModifier);
+  ASSERT_TRUE(heardSoon("done"));
+  EXPECT_FALSE(the("done")->isEnabled());
+  EXPECT_EQ(window->focusWidget(), the("Text1(2)"));
+  key(Qt::Key_Space);
+  EXPECT_EQ(screen->events.size(), 1u);
 }
 
 TEST_F(WindowTest, EnterPressesTheDefaultButtonAndEscThrowsNothingAway) {
@@ -136,6 +156,14 @@ TEST_F(WindowTest, ADateBoxMayBeEmptyAndTakesNoNonsense) {
   EXPECT_FALSE(screen->DTPicker1.date);
   press("cmdOK");
   EXPECT_EQ(screen->events.back(), "ok ");
+
+  type("DTPicker1", "soon");
+  screen->DTPicker1.locked = true;
+  house.face.refresh();
+  EXPECT_EQ(the<QLineEdit>("DTPicker1")->text(), "") << "nonsense goes when the typing is over";
+  whenBox<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  press("ask");
+  EXPECT_EQ(screen->events.back(), "no") << "and holds up nothing any more";
 }
 
 TEST_F(WindowTest, WhatIsLockedIsShownAndNotTypedInto) {
@@ -191,7 +219,7 @@ class ManyRows : public ListRows {
   std::size_t count() const override { return 1'000'000; }
   std::string cell(std::size_t row, std::size_t) const override {
     ++asked;
-    return std::to_string(row);
+    return std::to_string(1'000'000 + row);
   }
   mutable std::size_t asked = 0;
 };
@@ -216,10 +244,20 @@ TEST_F(WindowTest, AMillionRowsOpenAndScrollAtOnce) {
   EXPECT_EQ(screen->events.back(), "row 700001");
   key(Qt::Key_Return);
   EXPECT_EQ(screen->events.back(), "open 700001");
+  QTest::keyClicks(table, "15000");
+  EXPECT_EQ(screen->events.back(), "row 500000") << "the first that begins so";
+  QTest::qWait(QApplication::keyboardInputInterval() + 50);
+  QTest::keyClicks(table, "x");
+  EXPECT_EQ(screen->events.back(), "row 500000");
+  EXPECT_LT(rows->asked, 3'000u) << "and the list is not read through for it";
+  key(Qt::Key_End);
+  EXPECT_EQ(screen->events.back(), "row 999999");
+  key(Qt::Key_Home);
+  EXPECT_EQ(screen->events.back(), "row 0");
   const auto place = table->visualRect(table->currentIndex()).topLeft();
   QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, place + QPoint(5, 5));
   settle();
-  EXPECT_EQ(screen->events.back(), "row 700001");
+  EXPECT_EQ(screen->events.back(), "row 0");
 }
 
 TEST_F(WindowTest, ClosingGoesThroughTheScreen) {

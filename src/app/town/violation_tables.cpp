@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/town/town_tables.h"
+#include "base/text.h"
 
 namespace zelvo {
 
@@ -130,7 +131,7 @@ constexpr Cell<Action> kActionCells[] = {
     {"RESDATE", [](const Action& a) -> Value { return a.last ? a.violation.resolved : kNoDate; }},
     {"RESTIMEHR", [](const Action&) -> Value { return "--:--"; }},
     {"NAME", [](const Action& a) -> Value { return a.violation.inspector; }},
-    {"INIT", [](const Action& a) -> Value { return a.violation.inspector.substr(0, 1); }},
+    {"INIT", [](const Action& a) -> Value { return left(a.violation.inspector, 1); }},
     {"CORRACTN", [](const Action& a) -> Value { return a.violation.offense->remedy; }},
     {"ACTION", [](const Action& a) -> Value { return a.last ? a.violation.action : "O"; }},
     {"ANOTES", [](const Action& a) -> Value { return a.last ? "Visited again." : "Spoke with the owner."; }},

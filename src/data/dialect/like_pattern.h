@@ -15,7 +15,7 @@ class LikePattern {
 
   bool matches(std::string_view text) const;
 
- private:
+  /// One part of the pattern, for those who write it in another language.
   struct Element {
     enum class Kind { Run, One, Letter, Class } kind;
     char32_t letter = 0;  ///< folded
@@ -24,7 +24,9 @@ class LikePattern {
 
     bool takes(char32_t character) const;
   };
+  const std::vector<Element>& elements() const { return elements_; }
 
+ private:
   Element classOf(std::string_view inside) const;
   void findNeedle();
   bool holdsNeedle(std::string_view text) const;

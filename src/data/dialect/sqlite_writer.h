@@ -1,27 +1,16 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "base/result.h"
-#include "data/catalogue.h"
-#include "data/dialect/syntax.h"
+#include "data/dialect/statement_writer.h"
 
 namespace zelvo::dialect {
 
 // Queries of the office written for SQLite. How columns lie there: Text and Memo as TEXT COLLATE NOCASE, Number as
 // REAL, Integer and Counter as INTEGER, Date as the TEXT that isoText gives and nothing else: it has one form for each
 // moment, and the order of the texts is the order of the moments ("2025-03-09", midnight, comes before "2025-03-09
-// 10:15:00"). The connection must have been given the functions of registerDialectFunctions.
+// 10:15:00"). The connection must have been given the functions of registerDialectFunctions. What is bound to the "?"
+// of a statement: texts as TEXT, numbers as REAL, dates as the TEXT of isoText.
 //
 // Names are checked against the table: an unknown one is Trouble::BadInput with its place and the text of the query.
-
-/// A statement and what is bound to its "?" in their order: texts as TEXT, numbers as REAL, dates as the TEXT of
-/// isoText.
-struct BoundStatement {
-  std::string sql;
-  std::vector<Value> parameters;
-};
 
 /// select rowid from "T" where ... order by ...: the rows of the query in its order; rows that the order leaves equal,
 /// and all rows of a query without an order, come as they were added.

@@ -1,5 +1,7 @@
 #include "data/sqlite/change.h"
 
+#include "data/row_storing.h"
+
 namespace zelvo::sqlite {
 
 namespace {
@@ -7,11 +9,6 @@ namespace {
 constexpr const char* markPart = "savepoint part";
 constexpr const char* keepPart = "release part";
 constexpr const char* giveUpPart = "rollback to part; release part";
-
-Error givenUp(const Database& database) {
-  return fileError(FileDeed::Write, database.path(), Trouble::Failed,
-                   "the changes that go with this one failed before and were given up", "Try them again as a whole.");
-}
 
 }  // namespace
 
@@ -26,7 +23,7 @@ Result<void> SqliteEngine::doBegin() {
 
 Result<void> SqliteEngine::doCommit() {
   if (!database_->inTransaction())
-    return givenUp(*database_);
+    return givenUpBefore(path());
   auto committed = database_->execute("commit");
   if (!committed)
     doRollback();
@@ -42,7 +39,7 @@ void SqliteEngine::doRollback() {
 
 Result<void> SqliteEngine::Change::begin() {
   if (joined_ && !engine_.database_->inTransaction())
-    return givenUp(*engine_.database_);
+    return givenUpBefore(engine_.path());
   auto begun = joined_ ? engine_.database_->execute(markPart) : engine_.doBegin();
   open_ = begun.ok();
   return begun;

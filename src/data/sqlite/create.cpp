@@ -47,10 +47,8 @@ class Unfinished {
       return trouble(EEXIST);
     if (::access(folderAt(name_).c_str(), W_OK | X_OK) != 0)
       return trouble(errno);
-    static std::atomic<unsigned> next{0};
-    beside_ = folderAt(name_) + "/.zelvo-new-" + std::to_string(::getpid()) + "-" + std::to_string(next++) + ".tmp";
-    const OpenFile file(beside_, O_RDWR | O_CREAT | O_EXCL);
-    return file.isOpen() ? Result<void>() : trouble(file.error());
+    const int error = openBeside();
+    return error == 0 ? Result<void>() : trouble(error);
   }
 
   /// Another computer may have made the same file meanwhile, and work in it: then that one stays.
@@ -70,6 +68,21 @@ class Unfinished {
   Error named(const Error& error) const { return {error.trouble, replaceAll(error.message, beside_, name_)}; }
 
  private:
+  /// Other computers, which count their programs as this one does, may make files in the same folder at the same time:
+  /// a name that is taken is passed over, and left to whoever has it.
+  int openBeside() {
+    static std::atomic<unsigned> next{0};
+    const std::string stem = folderAt(name_) + "/.zelvo-new-" + std::to_string(::getpid()) + "-";
+    for (;;) {
+      const std::string free = stem + std::to_string(next++) + ".tmp";
+      const OpenFile file(free, O_RDWR | O_CREAT | O_EXCL);
+      if (file.isOpen())
+        beside_ = free;
+      if (file.isOpen() || file.error() != EEXIST)
+        return file.error();
+    }
+  }
+
   Result<void> trouble(int error) const { return fileError(FileDeed::Write, name_, error); }
 
   std::string name_;

@@ -9,13 +9,11 @@
 #include <unordered_map>
 
 #include "base/file_trouble.h"
+#include "data/engine.h"
 #include "data/sqlite/statement.h"
 #include "data/sqlite/waiting.h"
 
 namespace zelvo::sqlite {
-
-/// How long a computer waits for the others before it says that the file is locked.
-inline constexpr std::chrono::milliseconds usualPatience{12000};
 
 /// An open SQLite file and its prepared statements. A rolled-back journal beside the file, flushed at each commit, is
 /// what keeps the records whole on a shared folder; nothing is mapped into memory there.

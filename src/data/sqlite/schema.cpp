@@ -1,9 +1,8 @@
 #include "data/sqlite/schema.h"
 
-#include <algorithm>
-
 #include "base/number.h"
 #include "base/text.h"
+#include "data/row_storing.h"
 
 namespace zelvo::sqlite {
 
@@ -60,26 +59,11 @@ Result<std::vector<std::string>> firstColumn(Database& database, const std::stri
   return texts;
 }
 
-/// The first column that the database lacks; null when it has all of them.
-const Column* missing(const Table& table, const std::vector<std::string>& columns) {
-  const auto has = [&](const Column& column) {
-    return std::any_of(columns.begin(), columns.end(), [&](const auto& own) { return alike(own, column.name); });
-  };
-  const auto lacking = std::find_if_not(table.columns.begin(), table.columns.end(), has);
-  return lacking == table.columns.end() ? nullptr : &*lacking;
-}
-
 Result<const Table*> asItIs(Database& database, const Table& table) {
   const auto columns = firstColumn(database, "select name from pragma_table_info('" + std::string(table.name) + "')");
   if (!columns)
     return columns.error();
-  const Table& extended = extendedParcelTable();
-  if (table.name == extended.name && !missing(extended, *columns))
-    return &extended;
-  if (const Column* lacking = missing(table, *columns))
-    return notOurs(database, "its table " + std::string(table.name) + " lacks the column " + std::string(lacking->name),
-                   chooseOther);
-  return &table;
+  return layoutOf(database.path(), table, *columns);
 }
 
 }  // namespace

@@ -1,20 +1,12 @@
 // Writing: rows added, changed and removed, each seen to be still as it was read.
 
-#include "data/fit.h"
+#include "data/row_storing.h"
 #include "data/sqlite/change.h"
 #include "data/sqlite/schema.h"
 
 namespace zelvo::sqlite {
 
 namespace {
-
-/// How a record is named to its user: by its key, where the table has one.
-std::string naming(const Table& table, const Row& row) {
-  const std::size_t key = table.position(table.key);
-  if (key >= row.size())
-    return "this record";
-  return "the record " + std::string(table.key) + " \"" + row[key].text() + "\"";
-}
 
 std::string insertion(const Table& table, std::span<const std::size_t> positions) {
   std::string names, marks;
@@ -23,21 +15,6 @@ std::string insertion(const Table& table, std::span<const std::size_t> positions
     marks += marks.empty() ? "?" : ", ?";
   }
   return "insert into " + quoted(table.name) + " (" + names + ") values (" + marks + ")";
-}
-
-std::vector<std::size_t> allPositions(const Table& table) {
-  std::vector<std::size_t> positions(table.columns.size());
-  for (std::size_t i = 0; i < positions.size(); ++i)
-    positions[i] = i;
-  return positions;
-}
-
-std::vector<std::size_t> differing(const Row& read, const Row& typed) {
-  std::vector<std::size_t> positions;
-  for (std::size_t i = 0; i < typed.size(); ++i)
-    if (i >= read.size() || read[i] != typed[i])
-      positions.push_back(i);
-  return positions;
 }
 
 std::string updating(const Table& table, const std::vector<std::size_t>& positions) {
@@ -52,8 +29,7 @@ std::string updating(const Table& table, const std::vector<std::size_t>& positio
 Error SqliteEngine::notStored(int code, const Table& table, const Row& row) const {
   if ((code & 0xff) != SQLITE_CONSTRAINT)
     return database_->trouble(FileDeed::Write, code);
-  return fileError(FileDeed::Write, path(), Trouble::Duplicate, naming(table, row) + " is there already",
-                   "Give this one another number.");
+  return keyInUse(path(), table, row);
 }
 
 Result<void> SqliteEngine::finish(Statement& statement, const Table& table, const Row& row) {
@@ -87,9 +63,7 @@ Result<void> SqliteEngine::checkUnchanged(const Table& table, RowId id, const Ro
     return now.error();
   if (*now == read)
     return {};
-  const std::string what = now->empty() ? " was removed on another computer" : " was changed on another computer";
-  return fileError(FileDeed::Write, path(), Trouble::Conflict, naming(table, read) + what + " since it was read",
-                   "Nothing was overwritten. Look at it again before you change it.");
+  return changedMeanwhile(path(), table, read, *now);
 }
 
 Result<void> SqliteEngine::update(const Table& table, RowId id, const Row& read, const Row& typed) {
@@ -128,50 +102,6 @@ Result<void> SqliteEngine::remove(const Table& table, RowId id, const Row& read)
 
 // ---- many rows at once
 
-namespace {
-
-/// The rows that a caller gives, one by one, made to fit and put into one statement.
-class Pouring {
- public:
-  Pouring(const Table& table, std::span<const std::size_t> positions) : table_(table), positions_(positions) {}
-
-  Result<void> bind(Statement& statement, std::vector<Value>& values) {
-    ++count_;
-    values.resize(positions_.size());
-    for (std::size_t i = 0; i < values.size(); ++i) {
-      if (auto fits = makeFit(table_.columns[positions_[i]], values[i]); !fits)
-        return fits;
-      statement.bind(static_cast<int>(i) + 1, values[i]);
-    }
-    return {};
-  }
-
-  /// The values as a whole row, for messages.
-  Row rowOf(const std::vector<Value>& values) const {
-    Row row(table_.columns.size());
-    for (std::size_t i = 0; i < values.size(); ++i)
-      row[positions_[i]] = values[i];
-    return row;
-  }
-
- private:
-  Result<void> makeFit(const Column& column, Value& value) const {
-    if (fits(column, value))
-      return {};
-    auto fit = fitted(column, value);
-    if (!fit)
-      return Error{fit.error().trouble, "Row " + std::to_string(count_) + ": " + fit.error().message};
-    value = std::move(*fit);
-    return {};
-  }
-
-  const Table& table_;
-  std::span<const std::size_t> positions_;
-  std::size_t count_ = 0;
-};
-
-}  // namespace
-
 // Into an empty table rows go without its further indexes, which are made afterwards from sorted rows: rows that come
 // in the order of their key would otherwise fetch and write another place of each index every time.
 Result<void> SqliteEngine::insertMany(const Table& table, std::span<const std::size_t> positions,
@@ -197,16 +127,20 @@ Result<void> SqliteEngine::pour(const Table& table, std::span<const std::size_t>
   auto statement = database_->prepareAlone(insertion(table, positions));
   if (!statement)
     return statement.error();
-  Pouring pouring(table, positions);
-  std::vector<Value> values(positions.size());
-  while (nextRow(values)) {
-    if (auto bound = pouring.bind(*statement, values); !bound)
-      return bound;
+  Pouring pouring(table, positions, nextRow);
+  for (;;) {
+    const auto given = pouring.next();
+    if (!given)
+      return given.error();
+    if (!*given)
+      return {};
+    int parameter = 0;
+    for (const Value& value : pouring.values())
+      statement->bind(++parameter, value);
     if (const int code = statement->step(); code != SQLITE_DONE)
-      return notStored(code, table, pouring.rowOf(values));
+      return notStored(code, table, pouring.row());
     statement->reset();
   }
-  return {};
 }
 
 }  // namespace zelvo::sqlite

@@ -60,7 +60,6 @@ void fillContext(const Recordset& permit, mdb& parcels, const Session& session, 
   context.mi = session.municipality.name;
   context.ms = session.userId;
   context.me = session.municipality.telephone;
-  context.letterhead = session.reportHeader;
   context.counter = 1;
 }
 
@@ -78,7 +77,7 @@ void APermits::iPrint_Click() {
 Result<void> APermits::doprint(std::string_view document) {
   fillContext(records(), parcels(), desk.session, letters_.context);
   showStatus("Printing to default printer...");
-  const auto printed = letters_.print(letterOf(document), document);
+  auto printed = letters_.print(letterOf(document), document);
   showStatus("");
   return printed;
 }

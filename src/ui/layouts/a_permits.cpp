@@ -23,7 +23,6 @@ constexpr LayoutRow kAPermitsRows[] = {
     tool("recinfod", Glyph::Info),
     tool("iPrint", Glyph::Print),
     tool("Quit", Glyph::Quit),
-    toolGap(),
     tool("lblVoided"),
     tool("Label28"),
 

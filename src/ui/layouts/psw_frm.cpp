@@ -5,8 +5,8 @@ namespace zelvo {
 namespace {
 
 constexpr LayoutRow kPswFrmRows[] = {
-    group(),        field("Label1"), beside("Text1", {}, 24), field("Label2"), beside("Text2", {}, 24),
-    foot("image6"), foot("cmdOK"),   foot("cmdCancel"),
+    group(),       field("Label1"),   beside("Text1", {}, 24), field("Label2"), beside("Text2", {}, 24),
+    foot("cmdOK"), foot("cmdCancel"), foot("image6"),
 };
 
 constexpr LayoutRow kPswHelpRows[] = {

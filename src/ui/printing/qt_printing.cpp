@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStandardPaths>
 
 #include "base/files.h"
 #include "base/text.h"
@@ -31,6 +32,11 @@ std::string fileNameFor(std::string title) {
     if (std::string_view("\\/:*?\"<>|").find(letter) != std::string_view::npos)
       letter = '-';
   return std::string(trim(title)) + ".pdf";
+}
+
+// Where the user's documents lie; the program folder is no place for them.
+std::string userDocuments() {
+  return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
 }
 
 }  // namespace
@@ -62,7 +68,8 @@ Result<void> QtPrinting::print(const PrintJob& job) {
 }
 
 Result<void> QtPrinting::savePdf(const PrintJob& job, const std::string& pdf) {
-  const auto path = pickers_.saveFile({"Save as PDF", "PDF files (*.pdf)|*.pdf", ""}, fileNameFor(job.title));
+  const auto path =
+      pickers_.saveFile({"Save as PDF", "PDF files (*.pdf)|*.pdf", userDocuments()}, fileNameFor(job.title));
   if (!path)
     return Error{Trouble::Cancelled, "\"" + job.title + "\" was not printed and not saved."};
   return replaceFile(*path, pdf);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "data/catalogue.h"
+#include "data/postgres/server.h"
+
+namespace zelvo::postgres {
+
+std::string columnList(const Table& table);
+/// The statement that makes everyone who changes the table wait for the end of the transaction at hand.
+std::string locking(const Server& server, const Table& table);
+
+/// The table as the schema has it; null when it is not there.
+Result<const Table*> tableThere(Server& server, const Table& table);
+/// Makes the table with its key and indexes, and the schema around it where it is missing. Trouble::Duplicate when the
+/// table is there.
+Result<void> makeTable(Server& server, const Table& table);
+
+}  // namespace zelvo::postgres

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "support/temp_folder.h"
+
+namespace zelvo {
+
+// Where the offices of the tests keep their records: in files, or on a server. What holds for both is tested in both,
+// by the same tests; each of the two test programs brings its own of these functions.
+
+/// Makes a folder a data folder. Gives the reason when that cannot be had on this machine.
+std::string furnish(const TempFolder& folder);
+/// Makes a database unreadable behind the back of whoever has it open.
+void spoil(const TempFolder& folder, std::string_view file);
+
+}  // namespace zelvo
