@@ -1,6 +1,7 @@
 #include "records/record_screen.h"
 
 #include "base/files.h"
+#include "base/number.h"
 #include "base/text.h"
 #include "data/query_text.h"
 #include "records/record_rows.h"
@@ -102,7 +103,11 @@ void RecordScreen::prepareBoxes() {
 
 void RecordScreen::takeAmounts(TextBox& box) {
   amounts_.push_back(&box);
-  onLeave(box, [&box] { box.text = plainAmount(box.text); });
+  onLeave(box, [this, &box] {
+    box.text = plainAmount(box.text);
+    const bool none = !trim(box.text).empty() && !isNumber(trim(box.text));
+    showStatus(none ? "\"" + box.text + "\" is no amount: what it begins with counts, or 0." : "");
+  });
 }
 
 void RecordScreen::tidyAmounts() {
@@ -179,7 +184,8 @@ void RecordScreen::refreshRecord() {
   lblStatus.caption = "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
   ListView1.selected = rows.AbsolutePosition() - 1;
   lblVoided.caption = isVoided() ? "VOIDED" : "";
-  delr.caption = isVoided() ? "Un&void" : "&Void";
+  if (isVoided())
+    delr.caption = "Un&void";
   showParcelWarnings();
   enableButtons();
 }
@@ -203,6 +209,7 @@ void RecordScreen::showParcelWarnings() {
 void RecordScreen::clearWarnings() {
   lblVoided.caption.clear();
   Label28.caption.clear();
+  delr.caption = "&Void";
 }
 
 void RecordScreen::IMoveFirst_Click() {

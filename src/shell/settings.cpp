@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "data/data_folder.h"
+#include "data/server_folder.h"
 #include "shell/setting_lines.h"
 
 namespace zelvo {
@@ -103,10 +104,11 @@ void readDefaults(Session& session) {
     readLine(kDefaultLines[i], lines[i], session);
 }
 
-// The marker of an import outlives the roll that was imported; only then is it needed.
+// The marker of an import outlives the roll that was imported; only then is it needed. Tables on a server have no
+// files, and the roll among them is never out of sight.
 void readRollMarkers(Session& session) {
-  session.rollImported =
-      FileExists(inDataFolder(session, "imported.txt")) && !FileExists(inDataFolder(session, "rps.mdb"));
+  session.rollImported = FileExists(inDataFolder(session, "imported.txt")) &&
+                         !FileExists(inDataFolder(session, "rps.mdb")) && !keepsOnServer(session.dataFolder);
 }
 
 void readList(const ListFile& file, Session& session) {

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 #include <QToolButton>
@@ -226,14 +227,16 @@ class TileButton : public QPushButton {
     constexpr int kPicture = 52;
     setIcon(tileIcon(row.glyph, row.hue));
     setIconSize(QSize(kPicture, kPicture));
-    setMinimumSize(132, 92);  // on a small display
+    constexpr int kLowDisplay = 640;
+    const bool low = screen()->availableGeometry().height() < kLowDisplay;
+    setMinimumSize(low ? QSize(132, 92) : QSize(164, 118));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAutoDefault(true);
     QFont letters = font();
     letters.setPointSizeF(letters.pointSizeF() * 1.1);
     setFont(letters);
   }
-  QSize sizeHint() const override { return {164, 118}; }
+  QSize sizeHint() const override { return minimumSize(); }
 
  protected:
   // The arrow keys go to the tile that lies there.

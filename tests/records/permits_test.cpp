@@ -207,6 +207,9 @@ TEST_F(PermitOffice, ExpirationBeforeThePermitDateIsRefusedAndNonsenseToo) {
   APermits& permits = open();
   at.click(permits, "INew");
   typePermit(permits);
+  at.set(permits, "DTPicker1", "");
+  at.expect(" Date Error", "The permit date is missing.");
+  at.click(permits, "IAdd");
   at.set(permits, "DTPicker1", "03/09/2026");
   at.set(permits, "Text1(13)", "03/08/2026");
   at.expect(" Date Error", "Expiration date cannot be prior to Permit Date.");
@@ -220,6 +223,20 @@ TEST_F(PermitOffice, ExpirationBeforeThePermitDateIsRefusedAndNonsenseToo) {
   EXPECT_EQ(permitsNow()->RecordCount(), 1u);
 }
 
+TEST_F(PermitOffice, ClerkWhoLeavesADateHearsOfThatDateAlone) {
+  APermits& permits = open();
+  at.click(permits, "INew");
+  at.set(permits, "Text1(8)", "soon");
+  at.set(permits, "Text1(13)", "03/09/2025");
+  at.expect(" Date Error", "\"soon\" is no date....");
+  at.leave(permits, "Text1(8)");
+  at.set(permits, "DTPicker1", "03/09/2024");
+  at.leave(permits, "Text1(13)");
+  EXPECT_EQ(at.shown(permits, "labexpexpired"), "Expired");
+  at.set(permits, "Check3", "1");
+  EXPECT_EQ(at.shown(permits, "labexpexpired"), "");
+}
+
 TEST_F(PermitOffice, AmountsAreTakenAsTheOfficeWritesThem) {
   APermits& permits = open();
   at.click(permits, "INew");
@@ -229,6 +246,7 @@ TEST_F(PermitOffice, AmountsAreTakenAsTheOfficeWritesThem) {
     at.set(permits, "Text1(12)", typed);
     at.leave(permits, "Text1(12)");
     EXPECT_EQ(at.shown(permits, "Text1(12)"), shown) << typed;
+    EXPECT_EQ(permits.status.empty(), std::string(typed) != "waived") << typed;
   }
 }
 

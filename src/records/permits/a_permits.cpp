@@ -39,13 +39,13 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
     Text1(part).required = true;
   Text4.maxLength = 14;
   Text5.maxLength = 15;
-  Text1(kExpirationBox).tip = "Select Expiration Date from the calendar, or click pre-set button";
   labexpexpired.warning = true;
   loadPickLists();
   onClick(iPrint, [this] { iPrint_Click(); });
   takeAmounts(Text2);
-  for (int date : {kExpirationBox, kSecondDateBox})
-    onLeave(Text1(date), [this] { checkDates(); });
+  onLeave(Text1(kExpirationBox), [this] { leaveExpiration(); });
+  onLeave(Text1(kSecondDateBox), [this] { leaveSecondDate(); });
+  onClick(Check3, [this] { showExpired(); });
 }
 
 void APermits::loadPickLists() {
@@ -119,16 +119,23 @@ void APermits::copyPicksIntoBoxes() {
   Text1(39).text = Combo3.text;
 }
 
+// An old permit without a date keeps having none until somebody gives it one.
+void APermits::storePermitDate() {
+  if (!DTPicker1.date)
+    return;
+  Recordset& row = records();
+  row.set("FILEMONTH", datePicture(*DTPicker1.date, "mm"));
+  row.set("FILEDATE", datePicture(*DTPicker1.date, "dd"));
+  row.set("FILEYEAR", datePicture(*DTPicker1.date, "yy"));
+  row.set("VD3", *DTPicker1.date);
+}
+
 void APermits::storeCodedColumns() {
   Recordset& row = records();
   const std::string number = typedKey();
   row.set("BLDGPERMYY", left(number, 2));
   row.set("BLDGPRM", length(number) > 3 ? right(number, length(number) - 3) : "");
-  const Date filed = permitDate();
-  row.set("FILEMONTH", datePicture(filed, "mm"));
-  row.set("FILEDATE", datePicture(filed, "dd"));
-  row.set("FILEYEAR", datePicture(filed, "yy"));
-  row.set("VD3", filed);
+  storePermitDate();
   row.set("VD4", dateOrToday(kExpirationBox));
   row.set("VD5", dateOrToday(kSecondDateBox));
   row.set("RFEE", Val(Text2.text));
@@ -140,36 +147,44 @@ void APermits::storeCodedColumns() {
 
 // ---- dates
 
-Date APermits::permitDate() const {
-  return DTPicker1.date.value_or(desk.clock.now().date);
-}
-
 DateTime APermits::dateOrToday(int box) const {
   return {parseDate(boxText(*this, box)).value_or(desk.clock.now().date), 0};
 }
 
-bool APermits::refuseDate(TextBox& box, std::string_view text) {
+bool APermits::refuseDate(Control& box, std::string_view text) {
   desk.messages.tell(" Date Error", text, Icon::Critical);
   SSTab1.current = 0;
   setFocus(box, true);
   return false;
 }
 
-bool APermits::validateOwn() {
-  for (int box : {kExpirationBox, kSecondDateBox}) {
-    const std::string typed = boxText(*this, box);
-    if (!typed.empty() && !parseDate(typed))
-      return refuseDate(Text1(box), "\"" + typed + "\" is no date.\nPlease write dates as mm/dd/yyyy.");
-  }
-  const auto expires = parseDate(boxText(*this, kExpirationBox));
-  if (expires && *expires < permitDate())
-    return refuseDate(Text1(kExpirationBox), "Expiration date cannot be prior to Permit Date.");
-  return true;
+bool APermits::isReadableDate(int box) {
+  const std::string typed = boxText(*this, box);
+  return typed.empty() || parseDate(typed) ||
+         refuseDate(Text1(box), "\"" + typed + "\" is no date.\nPlease write dates as mm/dd/yyyy.");
 }
 
-void APermits::checkDates() {
-  if (mode() != Mode::Browse && validateOwn())
+bool APermits::expiresInTime() {
+  const auto expires = parseDate(boxText(*this, kExpirationBox));
+  return !expires || !DTPicker1.date || *expires >= *DTPicker1.date ||
+         refuseDate(Text1(kExpirationBox), "Expiration date cannot be prior to Permit Date.");
+}
+
+bool APermits::validateOwn() {
+  if (!DTPicker1.date && mode() == Mode::New)
+    return refuseDate(DTPicker1, "The permit date is missing.");
+  return isReadableDate(kExpirationBox) && isReadableDate(kSecondDateBox) && expiresInTime();
+}
+
+// The clerk who leaves a box hears of that box alone.
+void APermits::leaveExpiration() {
+  if (mode() != Mode::Browse && isReadableDate(kExpirationBox) && expiresInTime())
     showExpired();
+}
+
+void APermits::leaveSecondDate() {
+  if (mode() != Mode::Browse)
+    isReadableDate(kSecondDateBox);
 }
 
 void APermits::showExpired() {

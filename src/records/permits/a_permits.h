@@ -31,11 +31,14 @@ class APermits : public RecordScreen {
   std::string parcelLocation() const override { return boxText(*this, 34); }
 
   void loadPickLists();
-  bool refuseDate(TextBox& box, std::string_view text);
-  void checkDates();
+  bool refuseDate(Control& box, std::string_view text);
+  bool isReadableDate(int box);
+  bool expiresInTime();
+  void leaveExpiration();
+  void leaveSecondDate();
   void showExpired();
   void showPicksFromBoxes();
-  Date permitDate() const;
+  void storePermitDate();
   DateTime dateOrToday(int box) const;
 
   LetterPrinter& letters_;
