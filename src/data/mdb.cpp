@@ -244,11 +244,4 @@ Result<void> mdb::SBLClearFlag() {
   });
 }
 
-Result<bool> mdb::ValidatePermit(Connection& permits, std::string_view number) {
-  auto taken = permits.exists("BLDGPERM", columnIs("PERMIT", number));
-  if (!taken)
-    return taken.error();
-  return !*taken;
-}
-
 }  // namespace zelvo

@@ -65,9 +65,6 @@ class mdb {
   /// Clears every flag, and the notes with them.
   Result<void> SBLClearFlag();
 
-  /// Whether a permit number is free to be given to a new permit.
-  Result<bool> ValidatePermit(Connection& permits, std::string_view number);
-
   // Of the parcel that was found last.
   std::string permit, assoc, location, mailing;
   /// Written into NOTES by the Set operations, filled from NOTES by the Has operations.

@@ -46,7 +46,6 @@ class Screen {
   std::string status;        ///< the line at the foot of the window
   Control* focus = nullptr;  ///< set by a handler that wants the focus there; a face moves it and clears this
   bool selectAll = false;    ///< with focus: select the whole text
-  std::string helpPage;
 
  protected:
   using Handler = std::function<void()>;

@@ -47,12 +47,12 @@ class RecordScreen : public Screen {
   enum class Mode { Browse, New, Edit };
 
   // What a kind of record adds to the pattern.
-  virtual void clearControls() = 0;                         ///< blanks what is not a box of the catalogue
-  virtual void showCodedColumns() = 0;                      ///< columns that no box shows, to the screen
-  virtual void storeCodedColumns() = 0;                     ///< and back; stamps excepted
-  virtual void copyPicksIntoBoxes() {}                      ///< combo texts into the boxes that stand for them
-  virtual std::string proposedKey() const = 0;              ///< the key under the next number
-  virtual std::string bumpedKey(std::string_view key) = 0;  ///< the same key under the number after
+  virtual void clearControls() = 0;             ///< blanks what is not a box of the catalogue
+  virtual void showCodedColumns() = 0;          ///< columns that no box shows, to the screen
+  virtual void storeCodedColumns() = 0;         ///< and back; stamps excepted
+  virtual void copyPicksIntoBoxes() {}          ///< combo texts into the boxes that stand for them
+  virtual std::string proposedKey() const = 0;  ///< the key under the next number
+  virtual void bumpKey() = 0;                   ///< puts the key under the number after into its box
   virtual std::string duplicateTitle() const = 0;
   virtual std::string duplicateText() const = 0;
   /// Rules of its own before a record is stored; says what is wrong and gives false.

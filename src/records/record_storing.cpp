@@ -69,8 +69,8 @@ bool RecordScreen::refuseDuplicate() {
       setFocus(Text1(1), true);
       return false;
     }
-    proposed_ = bumpedKey(boxText(*this, 1));
-    Text1(1).text = proposed_;
+    bumpKey();
+    proposed_ = boxText(*this, 1);
   }
   return true;
 }

@@ -201,18 +201,5 @@ TEST_F(Registry, ANewKeyThatIsInUseChangesNothing) {
   EXPECT_EQ(field("2-0-0", "VIOL") + field("1-0-0", "VIOL"), "10");
 }
 
-TEST_F(Registry, TellsWhetherAPermitNumberIsFree) {
-  ASSERT_TRUE(createDatabase(folder.file("db1.mdb"), *findTable("BLDGPERM")).ok());
-  auto permits = Connection::open(connectionText(folder.file("db1.mdb")));
-  ASSERT_TRUE(permits.ok());
-  auto rows = Recordset::open(*permits, "Select * from BLDGPERM order by [PERMIT]");
-  ASSERT_TRUE(rows.ok());
-  (*rows)->AddNew();
-  (*rows)->set("PERMIT", "25-134'a");
-  done((*rows)->Update());
-  EXPECT_FALSE(*parcels.ValidatePermit(**permits, "25-134'A"));
-  EXPECT_TRUE(*parcels.ValidatePermit(**permits, "25-134"));
-}
-
 }  // namespace
 }  // namespace zelvo

@@ -106,6 +106,13 @@ TEST_F(PermitOffice, NumberTypedByHandIsRefusedWhenTaken) {
   EXPECT_EQ(at.shown(permits, "Text1(34)"), "14 Mill Road");
 }
 
+TEST_F(PermitOffice, TellsWhetherAPermitNumberIsFree) {
+  addOther("26-134'a");
+  APermits& permits = open();
+  EXPECT_TRUE(permits.PermitExists("26-134'A"));
+  EXPECT_FALSE(permits.PermitExists("26-134"));
+}
+
 TEST_F(PermitOffice, ProposedNumberMovesOnWhenAnotherComputerWasQuicker) {
   APermits& permits = open();
   at.click(permits, "INew");

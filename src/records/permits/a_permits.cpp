@@ -60,13 +60,9 @@ std::string APermits::proposedKey() const {
 }
 
 // The year that stands on the screen is kept: a permit begun in the old year stays one of the old year.
-std::string APermits::bumpedKey(std::string_view key) {
-  numbering().bump();
-  return std::string(left(key, 2)) + "-" + numbering().next();
-}
-
 void APermits::BumpPermit() {
-  Text1(1).text = bumpedKey(boxText(*this, 1));
+  numbering().bump();
+  Text1(1).text = std::string(left(boxText(*this, 1), 2)) + "-" + numbering().next();
 }
 
 std::string APermits::duplicateText() const {

@@ -23,7 +23,7 @@ class APermits : public RecordScreen {
   void storeCodedColumns() override;
   void copyPicksIntoBoxes() override;
   std::string proposedKey() const override;
-  std::string bumpedKey(std::string_view key) override;
+  void bumpKey() override { BumpPermit(); }
   std::string duplicateTitle() const override { return " Duplicate Permit Number"; }
   std::string duplicateText() const override;
   bool validateOwn() override;
