@@ -114,8 +114,28 @@ std::string timeText(const DateTime& moment) {
   return datePicture(moment, "h:mm:ss AM/PM");
 }
 
+namespace {
+
+/// Over the zeros that end there.
+void putDigits(std::string& text, std::size_t end, std::size_t width, int number) {
+  for (; width > 0; --width, number /= 10)
+    text[--end] = static_cast<char>('0' + number % 10);
+}
+
+}  // namespace
+
+// By hand: every date that is stored passes here, and to read a picture for each is seen in imports.
 std::string isoText(const DateTime& moment) {
-  return datePicture(moment, moment.second == 0 ? "yyyy-mm-dd" : "yyyy-mm-dd hh:mm:ss");
+  std::string text = moment.second == 0 ? "0000-00-00" : "0000-00-00 00:00:00";
+  putDigits(text, 4, 4, moment.date.year);
+  putDigits(text, 7, 2, moment.date.month);
+  putDigits(text, 10, 2, moment.date.day);
+  if (moment.second == 0)
+    return text;
+  putDigits(text, 13, 2, moment.second / 3600);
+  putDigits(text, 16, 2, moment.second / 60 % 60);
+  putDigits(text, 19, 2, moment.second % 60);
+  return text;
 }
 
 }  // namespace zelvo

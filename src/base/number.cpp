@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <ranges>
 
 #include "base/text.h"
 
@@ -159,12 +158,12 @@ std::string plain(const Decimal& decimal) {
 
 /// Adds one to a whole number written in digits: "99" becomes "100", "" becomes "1".
 void addOne(std::string& digits) {
-  for (char& digit : std::views::reverse(digits)) {
-    if (digit != '9') {
-      ++digit;
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    if (*digit != '9') {
+      ++*digit;
       return;
     }
-    digit = '0';
+    *digit = '0';
   }
   digits.insert(0, 1, '1');
 }

@@ -15,6 +15,14 @@ namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
 
+/// Only then does a name stay when the power is cut. Shared folders of other systems cannot be flushed and say so; only
+/// a failing disk is worth a word.
+int flushFolderOf(const std::string& path) {
+  const std::string folder = folderOf(path);
+  OpenFile opened(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+  return opened.isOpen() && opened.flush() == EIO ? EIO : 0;
+}
+
 /// What stands at a path now.
 struct Standing {
   bool there = false;
@@ -44,7 +52,6 @@ class Replacement {
   Result<void> lookAtTarget(std::string_view path);
   Result<void> openBeside(mode_t mode);
   Result<void> keepRights(mode_t rightsOfNew, Access access);
-  Result<void> flushFolder();
   Result<void> done(int error) const {
     if (error != 0)
       return fileError(deed_, target_, error);
@@ -131,14 +138,7 @@ Result<void> Replacement::finish() {
   if (auto renamed = done(::rename(beside_.c_str(), target_.c_str()) == 0 ? 0 : errno); !renamed)
     return renamed;
   beside_.clear();
-  return flushFolder();
-}
-
-/// Shared folders of other systems cannot be flushed and say so; only a failing disk is worth a word.
-Result<void> Replacement::flushFolder() {
-  const std::string folder = folderOf(target_);
-  OpenFile opened(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
-  return done(opened.isOpen() && opened.flush() == EIO ? EIO : 0);
+  return done(flushFolderOf(target_));
 }
 
 bool sameFile(const struct stat& from, const std::string& to) {
@@ -163,6 +163,14 @@ Result<void> pour(OpenFile& source, const std::string& name, Replacement& target
 bool endsInsideLine(const OpenFile& file, off_t size) {
   char last = '\n';
   return size > 0 && ::pread(file.handle(), &last, 1, size - 1) == 1 && last != '\n';
+}
+
+/// The new name first: a file may rather stand under both than under none.
+Result<void> flushNames(const std::string& newName, const std::string& oldName) {
+  for (const std::string& name : {newName, oldName})
+    if (const int error = flushFolderOf(name); error != 0)
+      return fileError(FileDeed::Rename, name, error);
+  return {};
 }
 
 }  // namespace
@@ -233,13 +241,15 @@ Result<void> renameFile(std::string_view from, std::string_view to) {
     return fileError(FileDeed::Rename, name, errno);
   if (folderExists(name) || folderExists(newName))
     return fileError(FileDeed::Rename, folderExists(name) ? name : newName, EISDIR);
-  if (std::rename(name.c_str(), newName.c_str()) == 0)
-    return {};
-  if (errno != EXDEV)
-    return fileError(FileDeed::Write, newName, errno);
-  if (auto copied = copyFile(name, newName); !copied)
-    return copied;
-  return deleteFile(name);
+  if (std::rename(name.c_str(), newName.c_str()) != 0) {
+    if (errno != EXDEV)
+      return fileError(FileDeed::Write, newName, errno);
+    if (auto copied = copyFile(name, newName); !copied)
+      return copied;
+    if (auto deleted = deleteFile(name); !deleted)
+      return deleted;
+  }
+  return flushNames(newName, name);
 }
 
 }  // namespace zelvo
