@@ -78,6 +78,16 @@ function(zelvo_tests_as_one program)
   set_tests_properties(${program} PROPERTIES TIMEOUT 300 SKIP_REGULAR_EXPRESSION "is installed on this machine")
 endfunction()
 
+# zelvo_fuzzer(NAME SOURCES... USES rooms...), sources under tests/: a program that tries texts of its own for as long as it
+# is left to.
+function(zelvo_fuzzer program)
+  cmake_parse_arguments(FUZZER "" "" "USES" ${ARGN})
+  list(TRANSFORM FUZZER_UNPARSED_ARGUMENTS PREPEND ${CMAKE_SOURCE_DIR}/tests/)
+  add_executable(${program} ${FUZZER_UNPARSED_ARGUMENTS})
+  target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${program} PRIVATE ${FUZZER_USES} GTest::gtest -fsanitize=fuzzer)
+endfunction()
+
 # zelvo_program(NAME SOURCES... USES rooms... [LINKS libraries...]), sources under src/
 function(zelvo_program program)
   cmake_parse_arguments(PROGRAM "" "" "USES;LINKS" ${ARGN})

@@ -4,6 +4,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "data/engine.h"
+#include "data/moving/table_copy.h"
 #include "data/postgres/postgres_engine.h"
 #include "data/server_folder.h"
 #include "data/sqlite/create.h"
@@ -55,6 +56,10 @@ const std::string& Connection::path() const {
   return engine_->path();
 }
 
+bool Connection::inItsPlace() const {
+  return engine_->inItsPlace().ok();
+}
+
 Result<const Table*> Connection::table(std::string_view name) {
   return engine_->table(name);
 }
@@ -98,12 +103,25 @@ Result<void> createDatabase(std::string_view path, const Table& table) {
   return liesOnServer(path) ? postgres::createOnServer(path, table) : sqlite::createFile(path, table);
 }
 
+namespace {
+
+Result<void> copyOffServer(std::string_view from, std::string_view to) {
+  const auto engine = openEngine(from);
+  if (!engine)
+    return engine.error();
+  const auto table = (*engine)->table(findTableOfFile(fileNameOf(from))->name);
+  if (!table)
+    return table.error();
+  return sqlite::createFile(to, **table, [&](Engine& file) { return copyRows(**engine, **table, file); });
+}
+
+}  // namespace
+
 Result<void> copyDatabase(std::string_view from, std::string_view to) {
-  for (const std::string_view path : {from, to})
-    if (liesOnServer(path))
-      return fileError(FileDeed::Copy, path, Trouble::BadInput, "the tables of its folder lie on a server",
-                       "Have them saved and restored there.");
-  return sqlite::copyDatabaseFile(from, to);
+  if (liesOnServer(to))
+    return fileError(FileDeed::Write, to, Trouble::BadInput, "the tables of its folder lie on a server",
+                     "Choose another folder, or have them restored there.");
+  return liesOnServer(from) ? copyOffServer(from, to) : sqlite::copyDatabaseFile(from, to);
 }
 
 Result<void> bulkInsert(Connection& connection, const Table& table, const std::vector<std::string_view>& columns,

@@ -25,6 +25,9 @@ class Connection {
   ~Connection();
 
   const std::string& path() const;
+  /// False once the office's records were moved to another store: what is read here is of yesterday, and nothing is
+  /// stored any more.
+  bool inItsPlace() const;
   /// The description of the table that the database holds; the parcel table in the layout it really has.
   Result<const Table*> table(std::string_view name);
 
@@ -61,11 +64,12 @@ class Connection {
 Result<void> createDatabase(std::string_view path, const Table& table);
 
 /// Copies a database as it stands between two changes, whoever works in it meanwhile. Databases are never copied as
-/// mere files: that would catch a change half made, and drop the locks that this program holds. Refuses to touch a file
-/// that is there, and databases on a server, which are saved there.
+/// mere files: that would catch a change half made, and drop the locks that this program holds. A database of a server
+/// is copied into a file; onto a server nothing is copied. Refuses to touch a file that is there.
 Result<void> copyDatabase(std::string_view from, std::string_view to);
 
-/// Stores many rows in one transaction, for imports and sample data. Columns that are not named stay null.
+/// Stores many rows in one transaction, for imports and sample data. Columns that are not named stay null. `nextRow`
+/// asks nothing of this connection.
 Result<void> bulkInsert(Connection& connection, const Table& table, const std::vector<std::string_view>& columns,
                         const std::function<bool(std::vector<Value>&)>& nextRow);
 

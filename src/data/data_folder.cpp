@@ -44,8 +44,10 @@ Result<void> makeBlank(std::string_view programFolder, const Table& table) {
   return unlessThere(createDatabase(path, table), path);
 }
 
-/// Where the program's own folder may not be written, or still holds blanks of the office's old engine, an empty
-/// database is made straight in its place.
+}  // namespace
+
+// Where the program's own folder may not be written, or still holds blanks of the office's old engine, an empty
+// database is made straight in its place.
 Result<void> putBlank(std::string_view programFolder, const Table& table, const std::string& path) {
   if (makeBlank(programFolder, table)) {
     const std::string blank = joinPath(joinPath(programFolder, blanksFolder), table.file);
@@ -55,6 +57,8 @@ Result<void> putBlank(std::string_view programFolder, const Table& table, const 
   }
   return unlessThere(createDatabase(path, table), path);
 }
+
+namespace {
 
 /// A database that is there and cannot be read is not missing: nothing is put in its place, and the reason is told.
 std::optional<Error> unreadable(const std::string& path) {
@@ -122,7 +126,8 @@ Result<void> resolveDataFolder(Desk& desk) {
 
 // No path at all while there is no data folder: the current folder is not to stand in for it.
 int parcelLayoutIn(std::string_view dataFolder) {
-  const auto lines = readLines(dataFolder.empty() ? "" : joinPath(dataFolder, layoutFile)).valueOr({});
+  constexpr std::size_t longest = 4096;
+  const auto lines = readLines(dataFolder.empty() ? "" : joinPath(dataFolder, layoutFile), longest).valueOr({});
   return !lines.empty() && CInt(Val(lines.front())) == extendedLayout ? extendedLayout : oldLayout;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/catalogue.h"
 #include "form/desk.h"
 
 namespace zelvo {
@@ -15,6 +16,10 @@ int parcelLayoutIn(std::string_view dataFolder);
 
 /// Makes the blank databases of a "\wrk" folder that are not there yet.
 Result<void> makeBlanks(std::string_view programFolder);
+
+/// Puts a copy of a table's blank, which is made when it is missing, where nothing is yet; a file that another computer
+/// put there first is as good.
+Result<void> putBlank(std::string_view programFolder, const Table& table, const std::string& path);
 
 /// The full path of a database of the data folder, made from its blank when it is missing: the screens of the databases
 /// that start-up does not look after call it before they open.

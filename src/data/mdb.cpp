@@ -3,6 +3,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "data/query_text.h"
+#include "data/row_storing.h"
 
 namespace zelvo {
 
@@ -55,14 +56,21 @@ Result<void> mdb::resetsbl() {
   if (!table)
     return table.error();
   connection_ = *opened;
+  folder_ = session_.dataFolder;
   session_.parcelLayout = static_cast<int>((*table)->columns.size());
   return {};
 }
 
+// The office may have moved to another data folder since, or to a server: the registry is open as long as the program
+// runs, and goes with it.
+Result<void> mdb::reach() {
+  const bool there = connection_ && folder_ == session_.dataFolder && connection_->inItsPlace();
+  return there ? Result<void>() : resetsbl();
+}
+
 Result<std::unique_ptr<Recordset>> mdb::rowsOf(std::string_view key) {
-  if (!connection_)
-    if (auto opened = resetsbl(); !opened)
-      return opened.error();
+  if (auto reached = reach(); !reached)
+    return reached.error();
   auto rows = Recordset::open(connection_, "Select * from SBL where " + columnIs("SBLF", key));
   // A shared folder that was lost and came back is reached through a new connection only.
   if (!rows)
@@ -133,14 +141,15 @@ bool mdb::onParcel() const {
   return parcels_ && parcels_->AbsolutePosition() > 0;
 }
 
-// Someone else may have written to the row since it was read. What is written here does not depend on what was read, so
-// it is written again to the row as it is now.
+// Someone else may have written to the row since it was read, or the office was moved. What is written here does not
+// depend on what was read, so it is written again to the row as it is now, where it is now.
 Result<void> mdb::rewriteRow(const Write& write) {
   if (!onParcel())
     return noParcel();
   const std::string key = parcels_->text("SBLF");
   auto stored = writeAndStore(write);
-  if (stored || stored.error().trouble != Trouble::Conflict)
+  const bool inPlace = connection_ && connection_->inItsPlace();
+  if (stored || (inPlace && stored.error().trouble != Trouble::Conflict))
     return stored;
   auto fresh = rowsOf(key);
   if (!fresh)
@@ -178,6 +187,46 @@ Result<void> mdb::SBLUpdate2(std::string_view key, std::string_view itsPermit, s
 
 Result<void> mdb::SBLHistoryUpdate(std::string_view text) {
   return rewriteRow([&](Recordset& row) { row.set("HISTORICAL", text); });
+}
+
+Result<void> mdb::SBLPlaceUpdate(std::string_view city, std::string_view state, std::string_view zip,
+                                 std::string_view gislink) {
+  return rewriteRow([&](Recordset& row) {
+    row.set("CITY", city);
+    row.set("STATE", state);
+    row.set("ZIP", zip);
+    row.set("GISLINK", gislink);
+  });
+}
+
+Result<void> mdb::unchanged() const {
+  if (!onParcel())
+    return {};
+  const auto now = parcels_->currentInStore();
+  if (!now)
+    return now.error();
+  Row read;
+  for (const Column& column : parcels_->table().columns)
+    read.push_back(parcels_->get(column.name));
+  return *now == read ? Result<void>() : changedMeanwhile(connection_->path(), parcels_->table(), read, *now);
+}
+
+Result<void> mdb::asOne(const std::function<Result<void>()>& changes) {
+  if (auto reached = reach(); !reached)
+    return reached;
+  const auto held = connection_;  // a trouble on the way may drop the registry's own
+  auto whole = held->begin();
+  if (!whole)
+    return whole.error();
+  auto done = unchanged();
+  if (done)
+    done = changes();
+  if (done)
+    done = whole->commit();
+  whole->rollback();
+  if (!done && parcels_)
+    parcels_->CancelUpdate();
+  return done;
 }
 
 bool mdb::flagIs(std::string_view field, double value) {

@@ -46,6 +46,14 @@ class mdb {
   Result<void> SBLUpdate2(std::string_view key, std::string_view permit, std::string_view assoc,
                           std::string_view location);
   Result<void> SBLHistoryUpdate(std::string_view history);
+  /// Rewrites the mailing town, state and postal code, and the link to the map, of the current row.
+  Result<void> SBLPlaceUpdate(std::string_view city, std::string_view state, std::string_view zip,
+                              std::string_view gislink);
+
+  /// Does several of these as one: all of them are stored or none. Trouble::Conflict, and nothing done, when someone
+  /// else changed the current row since it was looked up. For a clerk who edits a parcel, and would overwrite it
+  /// unseen.
+  Result<void> asOne(const std::function<Result<void>()>& changes);
 
   bool SBLHasOther();
   bool SBLHasViol();
@@ -76,6 +84,8 @@ class mdb {
 
   bool flagIs(std::string_view field, double value);
   bool onParcel() const;
+  Result<void> reach();
+  Result<void> unchanged() const;
   Result<std::unique_ptr<Recordset>> rowsOf(std::string_view key);
   Result<void> addRow(std::string_view key, const Write& write);
   Result<void> rewriteRow(const Write& write);
@@ -83,6 +93,7 @@ class mdb {
   Result<void> setFlag(std::string_view field, int value, bool withNote);
 
   Session& session_;
+  std::string folder_;  ///< of the registry that is open
   std::shared_ptr<Connection> connection_;
   std::unique_ptr<Recordset> parcels_;
 };

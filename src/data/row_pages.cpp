@@ -1,5 +1,7 @@
 #include "data/row_pages.h"
 
+#include <time.h>
+
 #include <algorithm>
 
 #include "data/recordset.h"
@@ -11,6 +13,13 @@ namespace {
 constexpr std::size_t rowsOfPage = 100;
 constexpr std::size_t mostPages = 8;
 constexpr std::chrono::seconds goodFor{2};
+
+/// Cells are asked for by the thousand, and a moment need not be measured finer than the system's tick.
+std::chrono::nanoseconds now() {
+  timespec time{};
+  ::clock_gettime(CLOCK_MONOTONIC_COARSE, &time);
+  return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
 
 std::span<const RowId> rowsOf(std::span<const RowId> keys, std::size_t page) {
   const std::size_t from = page * rowsOfPage;
@@ -24,13 +33,13 @@ const Row& RowPages::row(std::span<const RowId> keys, std::size_t position) {
 }
 
 const Row* RowPages::rowIfReadable(std::span<const RowId> keys, std::size_t position) {
-  if (failed_ && std::chrono::steady_clock::now() - *failed_ <= goodFor)
+  if (failed_ && now() - *failed_ <= goodFor)
     return nullptr;
   failed_.reset();
   try {
     return &row(keys, position);
   } catch (const StoreError&) {
-    failed_ = std::chrono::steady_clock::now();
+    failed_ = now();
     return nullptr;
   }
 }
@@ -44,9 +53,10 @@ RowPages::Page& RowPages::pageOf(std::span<const RowId> keys, std::size_t number
       pages_.pop_back();
     return pages_.front();
   }
-  if (found->rows.size() != rowsOf(keys, number).size() || std::chrono::steady_clock::now() - found->read > goodFor)
+  if (found->rows.size() != rowsOf(keys, number).size() || now() - found->read > goodFor)
     *found = fetch(keys, number);
-  pages_.splice(pages_.begin(), pages_, found);
+  if (found != pages_.begin())
+    pages_.splice(pages_.begin(), pages_, found);
   return pages_.front();
 }
 
@@ -54,7 +64,7 @@ RowPages::Page RowPages::fetch(std::span<const RowId> keys, std::size_t number) 
   auto rows = engine_.rows(table_, rowsOf(keys, number));
   if (!rows)
     throw StoreError(rows.error());
-  return {number, std::chrono::steady_clock::now(), std::move(*rows)};
+  return {number, now(), std::move(*rows)};
 }
 
 void RowPages::forget(std::size_t position) {

@@ -29,7 +29,7 @@ class RowPages {
  private:
   struct Page {
     std::size_t number;
-    std::chrono::steady_clock::time_point read;
+    std::chrono::nanoseconds read;  ///< when
     std::vector<Row> rows;
   };
   Page& pageOf(std::span<const RowId> keys, std::size_t number);
@@ -37,8 +37,8 @@ class RowPages {
 
   Engine& engine_;
   const Table& table_;
-  std::list<Page> pages_;                                        ///< the one used last in front
-  std::optional<std::chrono::steady_clock::time_point> failed_;  ///< when the store could not be read for a list
+  std::list<Page> pages_;                           ///< the one used last in front
+  std::optional<std::chrono::nanoseconds> failed_;  ///< when the store could not be read for a list
 };
 
 }  // namespace zelvo

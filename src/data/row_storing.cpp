@@ -55,9 +55,15 @@ Error changedMeanwhile(std::string_view path, const Table& table, const Row& rea
                    "Nothing was overwritten. Look at it again before you change it.");
 }
 
-Error givenUpBefore(std::string_view path) {
+Result<void> givenUpBefore(std::string_view path) {
   return fileError(FileDeed::Write, path, Trouble::Failed,
                    "the changes that go with this one failed before and were given up", "Try them again as a whole.");
+}
+
+Error movedAway(std::string_view path) {
+  return fileError(FileDeed::Write, path, Trouble::Failed,
+                   "the office's records were moved to another place since it was opened",
+                   "Nothing was stored. Close the screen, open it again, and store it there.");
 }
 
 // ---- many rows at once

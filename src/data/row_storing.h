@@ -23,7 +23,9 @@ Error keyInUse(std::string_view path, const Table& table, const Row& row);
 /// The record is not as it was read; `now` is the row in the store, empty when it is gone.
 Error changedMeanwhile(std::string_view path, const Table& table, const Row& read, const Row& now);
 /// A change belongs to a transaction that failed before.
-Error givenUpBefore(std::string_view path);
+Result<void> givenUpBefore(std::string_view path);
+/// The office keeps its records elsewhere since the database was opened.
+Error movedAway(std::string_view path);
 
 /// The rows that an importer gives one by one, made to fit their columns.
 class Pouring {

@@ -16,8 +16,6 @@ namespace zelvo {
 
 namespace {
 
-constexpr std::string_view serverFile = "server.txt";
-constexpr std::string_view schemaFile = "schema.txt";
 constexpr std::size_t longestName = 63;
 
 Result<std::string> firstLine(const std::string& path) {
@@ -78,6 +76,14 @@ bool keepsOnServer(std::string_view folder) {
   return !trim(folder).empty() && std::filesystem::exists(joinPath(folder, serverFile), ignored);
 }
 
+bool keepsOnServerNow(std::string_view folder) {
+  return ::access((std::string(folder).append("/").append(serverFile)).c_str(), F_OK) == 0;
+}
+
+Result<std::string> schemaOf(std::string_view folder) {
+  return schemaAt(joinPath(folder, schemaFile));
+}
+
 Result<ServerPlace> serverPlace(std::string_view folder) {
   const std::string path = joinPath(folder, serverFile);
   auto connection = firstLine(path);
@@ -86,7 +92,7 @@ Result<ServerPlace> serverPlace(std::string_view folder) {
   if (connection->empty())
     return fileError(FileDeed::Read, path, Trouble::BadInput, "it names no server",
                      "Write there how to reach it, as host=records.town dbname=zelvo user=clerk.");
-  auto schema = schemaAt(joinPath(folder, schemaFile));
+  auto schema = schemaOf(folder);
   if (!schema)
     return schema.error();
   return ServerPlace{std::move(*connection), std::move(*schema)};

@@ -16,6 +16,8 @@ struct User {
   std::string name;
   std::string password;
   std::string access;
+
+  bool operator==(const User&) const = default;
 };
 
 struct Municipality {
@@ -89,6 +91,9 @@ struct Session {
   std::string selectedBrowser;
   std::string useDefaultBrowser;  ///< "T" or "F"
 
+  /// By the number of the database, the connection texts of those that the user located himself; empty for the others,
+  /// which lie in the data folder.
+  std::array<std::string, 16> connections;
   std::array<CurrentQuery, 17> queries;  ///< slots 1 to 16
   std::string hop;                       ///< the key of the record that the next screen is to show
   bool parcelLookupOff = false;          ///< on while a batch of records is processed: parcels are not searched

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "base/files.h"
-#include "small_office.h"
-#include "support/scripted_desk.h"
+#include "data/mdb.h"
+#include "start_up_office.h"
 
 namespace zelvo {
 namespace {
@@ -15,35 +14,6 @@ constexpr const char* notLocated =
     "will set an empty database in its place instead. No further action on your part is necessary.\n\nYou should set "
     "your "
     "database location in Preferences from the Admin menu.";
-
-class DataFolder : public SmallOffice {
- protected:
-  DataFolder() {
-    user.session.programFolder = folder.file("program");
-    user.session.dataFolder = folder.file("records");
-    for (const auto* made : {"program", "records"})
-      EXPECT_TRUE(makeFolder(folder.file(made)).ok());
-  }
-  void fill() {
-    for (const Table& table : catalogue())
-      ASSERT_TRUE(createDatabase(joinPath(folder.file("records"), table.file), table).ok());
-  }
-  void resolve() {
-    const auto resolved = resolveDataFolder(user.desk);
-    EXPECT_TRUE(resolved.ok()) << troubleOf(resolved);
-  }
-  std::size_t databasesIn(std::string_view name) { return listFiles(folder.file(name), "*.mdb").size(); }
-
-  testing::ScriptedDesk user;
-};
-
-TEST_F(DataFolder, CompleteFolderIsTakenAsItIs) {
-  fill();
-  resolve();
-  EXPECT_EQ(user.session.dataFolder, folder.file("records"));
-  EXPECT_EQ(user.session.parcelLayout, 13);
-  EXPECT_EQ(databasesIn("program/wrk"), 0u);
-}
 
 TEST_F(DataFolder, FolderWithoutDatabasesGivesWayToTheUsualOne) {
   for (const std::string& given : {folder.file("records"), folder.file("nowhere"), std::string()}) {
@@ -83,21 +53,6 @@ TEST_F(DataFolder, BlankOfTheOldEngineIsOfNoUse) {
   EXPECT_EQ(rows(connect("records/db2.mdb"), "Select * from INSPDTL")->RecordCount(), 0u);
 }
 
-TEST_F(DataFolder, ParcelLayoutIsReadFromItsFile) {
-  const struct {
-    std::string_view text;
-    int layout;
-  } files[] = {{"18\r\n", 18}, {" 18 ", 18}, {"18 fields", 18}, {"15", 13},
-               {"13", 13},     {"", 13},     {"eighteen", 13},  {"\r\n18", 13}};
-  fill();
-  for (const auto& file : files) {
-    folder.write("records/SblVersion.txt", file.text);
-    user.session.parcelLayout = 0;
-    resolve();
-    EXPECT_EQ(user.session.parcelLayout, file.layout) << "\"" << file.text << "\"";
-  }
-}
-
 TEST_F(DataFolder, BlanksAreMadeOnceAndNeverReplaced) {
   const std::string program = folder.file("program");
   ASSERT_TRUE(makeBlanks(program).ok());
@@ -121,12 +76,8 @@ TEST_F(DataFolder, FilesThatAnotherComputerIsMakingAreLeftToIt) {
     EXPECT_TRUE(FileExists(path)) << path;
 }
 
-TEST_F(DataFolder, ScreensMakeSureOfTheirDatabase) {
-  const auto fees = ensureDatabase(user.session, "\\pbfees.mdb");
-  ASSERT_TRUE(fees.ok()) << troubleOf(fees);
-  EXPECT_EQ(*fees, folder.file("records/pbfees.mdb"));
-  EXPECT_EQ(rows(connect("records/pbfees.mdb"), "Select * from PBFEES")->RecordCount(), 0u);
-  EXPECT_EQ(ensureDatabase(user.session, "db9.mdb").error().trouble, Trouble::NotFound);
+TEST_F(DataFolder, RegistryWithoutItsFileIsToldOf) {
+  EXPECT_EQ(mdb(user.session).resetsbl().error().trouble, Trouble::NotFound);
 }
 
 TEST_F(DataFolder, WhatIsThereAndCannotBeReadIsNotReplaced) {

@@ -184,7 +184,7 @@ TEST_F(EngineTest, FilesAreOurOwnAndReadableByOthers) {
       {"pragma user_version", "1"},
       {"pragma page_size", "8192"},
       {"pragma journal_mode", "delete"},
-      {"pragma synchronous", "2"},
+      {"pragma synchronous", "3"},
       {"select count(*) from sqlite_master where type = 'index'", "2"},
       {"pragma integrity_check", "ok"},
   };

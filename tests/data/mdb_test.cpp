@@ -1,12 +1,9 @@
 #include "data/mdb.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <filesystem>
 
 #include "base/files.h"
+#include "premises.h"
 #include "support/temp_folder.h"
 
 namespace zelvo {
@@ -18,6 +15,10 @@ class Registry : public ::testing::Test {
   Registry() {
     for (Session* clerk : {&session, &other})
       clerk->dataFolder = folder.path();
+  }
+  void SetUp() override {
+    if (const std::string lacking = furnish(folder.path()); !lacking.empty())
+      GTEST_SKIP() << lacking;
   }
 
   void use(const Table& layout) { ASSERT_TRUE(createDatabase(folder.file("sbl.mdb"), layout).ok()); }
@@ -46,25 +47,16 @@ class Registry : public ::testing::Test {
   mdb parcels{session};
 };
 
-/// What a shared folder does to an open file when it goes away: nothing can be read from it any more.
-void loseFile(const std::string& path) {
-  for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-    std::error_code gone;
-    if (std::filesystem::read_symlink(entry.path(), gone) == path)
-      ::dup2(::open("/dev/null", O_RDWR | O_CLOEXEC), std::stoi(entry.path().filename()));
-  }
-}
-
 TEST_F(Registry, IsReachedAgainWhenTheFolderComesBack) {
   useOld();
   done(parcels.SBLAdd("1-0-0-2-3", "25-1", "Smith", "", "1 Main St"));
-  loseFile(folder.file("sbl.mdb"));
+  auto outage = loseContact(folder, "sbl.mdb");
   EXPECT_FALSE(parcels.SBLExists("1-0-0-2-3").ok());
+  outage.reset();
   EXPECT_TRUE(has(parcels, "1-0-0-2-3"));
 }
 
 TEST_F(Registry, KnowsItsLayout) {
-  EXPECT_FALSE(parcels.resetsbl().ok()) << "without a file";
   use(extendedParcelTable());
   session.parcelLayout = 13;
   done(parcels.resetsbl());
@@ -72,6 +64,7 @@ TEST_F(Registry, KnowsItsLayout) {
 
   other.dataFolder = folder.file("old");
   ASSERT_TRUE(makeFolder(other.dataFolder).ok());
+  furnish(other.dataFolder);
   ASSERT_TRUE(createDatabase(folder.file("old/sbl.mdb"), *findTable("SBL")).ok());
   mdb old{other};
   other.parcelLayout = 18;

@@ -2,31 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "base/text.h"
 #include "data/recordset.h"
+#include "support/parcel_screen.h"
 #include "support/scripted_desk.h"
 #include "support/temp_folder.h"
 
 namespace zelvo {
 namespace {
 
-class TwoParcels : public Screen {
- public:
-  explicit TwoParcels(Desk& itsDesk) : Screen(itsDesk, "TwoParcels", "Two parcels") {}
-
-  ControlArray<TextBox> Text1{*this, "Text1", {1, 2, 3, 4, 5, 6}};
-  ControlArray<TextBox> Text2{*this, "Text2", {2, 3, 4, 5, 6}};
-};
-
 class ParcelKey : public ::testing::Test {
  protected:
-  /// Types the five boxes of a parcel: section, block, lot, lot suffix, sub-lot.
-  static void type(ControlArray<TextBox>& boxes, const std::vector<std::string>& typed) {
-    for (int box = 2; box <= 6; ++box)
-      boxes(box).text = typed[static_cast<std::size_t>(box - 2)];
-  }
   std::string boxes() {
     std::vector<std::string> shown;
     for (const TextBox& box : screen.Text1)
@@ -53,13 +39,13 @@ TEST_F(ParcelKey, IsMadeFromTheBoxes) {
       {{"12", "3", "4-5", "6", "7"}, "12-0-0-3-4-5-6-7", "12-0-0-3-4-5-6-7"},
   };
   for (const auto& row : cases) {
-    type(screen.Text1, row.typed);
+    TwoParcels::type(screen.Text1, row.typed);
     EXPECT_EQ(MakeSBL(screen), row.key) << row.typed[0];
     EXPECT_EQ(TrimSBL(MakeSBL(screen)), row.stored) << row.typed[0];
     EXPECT_EQ(MakeSBL2(screen), "0-0-0-0-0-0-0-0");
     EXPECT_EQ(SBLfilled(screen), row.key != std::string("0-0-0-0-0-0-0-0")) << row.typed[0];
   }
-  type(screen.Text2, {"9", "8", "7", "", ""});
+  TwoParcels::type(screen.Text2, {"9", "8", "7", "", ""});
   EXPECT_EQ(MakeSBL2(screen), "9-0-0-8-7-0-0-0");
 }
 
@@ -115,7 +101,7 @@ TEST_F(ParcelKey, BecomesACondition) {
       {{"", "", "4' or '1'='1", "", ""}, "[LOT] = '4'' or ''1''=''1' AND"},
   };
   for (const auto& row : cases) {
-    type(screen.Text1, row.typed);
+    TwoParcels::type(screen.Text1, row.typed);
     EXPECT_EQ(SBL2SQL(screen), row.condition);
   }
 }
@@ -159,24 +145,6 @@ TEST(ParcelKeyText, IsShownAsInLetters) {
     EXPECT_EQ(mysbl2SBL(row.key, parts), row.shown) << row.key;
     EXPECT_EQ(parts.SEC, row.sec) << row.key;
     EXPECT_EQ(parts.SUD, row.sud) << row.key;
-  }
-}
-
-TEST_F(ParcelKey, TakesAnyTextAtAll) {
-  constexpr std::string_view characters = "0-0-./'1 A\xC3\x89\xFF";
-  std::mt19937 dice(20250309);
-  for (int i = 0; i < 10000; ++i) {
-    std::string text;
-    for (std::size_t count = dice() % 30; count > 0; --count)
-      text.push_back(characters[dice() % characters.size()]);
-    const std::string cleaned = cleanSBL(text);
-    EXPECT_EQ(cleaned.find('/'), std::string::npos) << text;
-    EXPECT_EQ(cleaned.find("--"), std::string::npos) << text;
-    EXPECT_LE(TrimSBL(std::string(text)).size(), text.size());
-    ExtractSBL(screen, text);
-    EXPECT_FALSE(MakeSBL(screen).empty());
-    ParcelParts parts;
-    EXPECT_EQ(mysbl2SBL(text, parts) == "invalid SBL", std::count(text.begin(), text.end(), '-') < 7) << text;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "base/files.h"
 #include "base/text.h"
 #include "data/recordset.h"
 #include "premises.h"
@@ -31,7 +32,7 @@ class SmallOffice : public ::testing::Test {
   std::shared_ptr<Connection> connect(std::string_view file = "db1.mdb") {
     const std::string path = folder.file(file);
     if (::access(path.c_str(), F_OK) != 0) {
-      const auto made = createDatabase(path, *findTableOfFile(file));
+      const auto made = createDatabase(path, *findTableOfFile(fileNameOf(file)));
       EXPECT_TRUE(made.ok() || made.error().trouble == Trouble::Duplicate) << troubleOf(made);
     }
     auto opened = Connection::open(connectionText(path));
@@ -57,7 +58,7 @@ class SmallOffice : public ::testing::Test {
   }
 
   TempFolder folder;
-  const std::string lacking = furnish(folder);
+  const std::string lacking = furnish(folder.path());
 };
 
 }  // namespace zelvo

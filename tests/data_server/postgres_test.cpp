@@ -3,11 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <algorithm>
 #include <random>
 #include <thread>
 
 #include "base/files.h"
+#include "data/computers.h"
 #include "data/data_folder.h"
 #include "data/dialect_cases.h"
 #include "data/postgres/postgres_engine.h"
@@ -144,34 +145,67 @@ TEST_F(ServerTest, EachFolderHasASchemaOfItsOwn) {
   EXPECT_EQ(listFiles(folder.path(), "*.mdb").size(), 0u);
 }
 
-/// Opens the office's permits, perhaps as the first one, and adds some, each under the next number.
-int addTheNextPermits(const std::string& path, int count) {
-  auto connection = Connection::open(connectionText(path));
-  int stored = 0;
-  for (int i = 0; connection.ok() && i < count; ++i) {
-    auto transaction = (*connection)->begin();
-    auto records = Recordset::open(*connection, "Select * from BLDGPERM");
-    if (!transaction || !records)
-      break;
-    (*records)->AddNew();
-    (*records)->set("PERMIT", static_cast<int>((*records)->RecordCount()) + 1);
-    stored += (*records)->Update().ok() && transaction->commit().ok() ? 1 : 0;
+TEST_F(ServerTest, ComputersThatComeAtOnceMakeOneTable) {
+  std::vector<Computer> computers;
+  for (int i = 0; i < 6; ++i)
+    computers.push_back(startAdding(folder.file("db1.mdb"), 5));
+  for (const Computer& computer : computers) {
+    EXPECT_EQ(acknowledged(computer).size(), 5u);
+    EXPECT_EQ(ended(computer), 0);
   }
-  return stored;
+  EXPECT_EQ(storedNumbers(*permits(connect())).size(), 30u);
 }
 
-TEST_F(ServerTest, ComputersThatComeAtOnceMakeOneTableAndTakeTurns) {
-  constexpr int each = 25;
-  std::vector<std::thread> computers;
-  std::atomic<int> stored = 0;
-  for (int i = 0; i < 6; ++i)
-    computers.emplace_back([&] { stored += addTheNextPermits(folder.file("db1.mdb"), each); });
-  for (std::thread& computer : computers)
-    computer.join();
-  EXPECT_EQ(stored, 6 * each);
-  auto records = permits(connect());
-  EXPECT_EQ(records->RecordCount(), 6u * each);
-  EXPECT_TRUE(*records->Find("[PERMIT] = 150")) << "no number is left out or given twice";
+TEST_F(ServerTest, ServerWhosePlugIsPulledLosesNothingAcknowledged) {
+  std::set<std::int32_t> all;
+  for (int round = 0; round < 5; ++round) {
+    const Computer computer = startAdding(folder.file("db1.mdb"), 1 << 20);
+    for (const std::int32_t number : nextAcknowledged(computer, 3))
+      all.insert(number);
+    std::this_thread::sleep_for(std::chrono::microseconds(700 * round));
+    server().stop();
+    server().start();
+    ::kill(computer.process, SIGKILL);  // should it have found the server again
+    for (const std::int32_t number : acknowledged(computer))
+      all.insert(number);
+    (void)ended(computer);
+    const auto now = storedNumbers(*permits(connect()));
+    ASSERT_TRUE(std::includes(now.begin(), now.end(), all.begin(), all.end())) << "a permit lost in round " << round;
+    ASSERT_EQ(soundness(folder, "db1.mdb"), "ok") << "round " << round;
+  }
+  EXPECT_GE(all.size(), 15u);
+}
+
+TEST_F(ServerTest, UsesTheSchemaThatIsMadeForIt) {
+  folder.write("schema.txt", "office_of_ours");
+  server().elsewhere("drop role if exists keeper");
+  server().elsewhere("create role keeper login; create schema office_of_ours authorization keeper");
+  folder.write("server.txt", replaceAll(server().line(), "user=clerk", "user=keeper"));
+  addPermit(*permits(connect()), "25-1");
+  EXPECT_EQ(server().elsewhere("select \"PERMIT\" from office_of_ours.\"BLDGPERM\""), "25-1");
+  server().elsewhere("drop schema office_of_ours cascade");
+}
+
+TEST_F(ServerTest, NumbersGivenUpAreNotGivenTwice) {
+  const auto connection = connect("meeting.mdb");
+  auto meetings = rows(connection, "Select * from MEETING");
+  const auto add = [&](const Value& number) {
+    meetings->AddNew();
+    if (!number.isNull())
+      meetings->set("RECNO", number);
+    const auto stored = meetings->Update();
+    EXPECT_TRUE(stored.ok()) << troubleOf(stored);
+  };
+  add(41);
+  add({});
+  {
+    auto transaction = connection->begin();
+    ASSERT_TRUE(meetings->Delete().ok());
+    add(7);
+  }
+  meetings->CancelUpdate();
+  add({});
+  EXPECT_EQ(meetings->text("RECNO"), "43");
 }
 
 TEST_F(ServerTest, LineOfTheServerIsUnderstoodOrToldOf) {
@@ -217,7 +251,6 @@ TEST_F(ServerTest, StartUpMissesNoFiles) {
   EXPECT_EQ(user.session.dataFolder, folder.path());
   EXPECT_EQ(ensureDatabase(user.session, "\\pbfees.mdb").valueOr(""), folder.file("pbfees.mdb"));
   EXPECT_FALSE(ensureDatabase(user.session, "db9.mdb").ok());
-  EXPECT_FALSE(copyDatabase(folder.file("db1.mdb"), folder.file("copy.mdb")).ok());
   folder.write("sblversion.txt", "18");
   const auto parcels = Connection::open(connectionText(folder.file("sbl.mdb")));
   ASSERT_TRUE(parcels.ok()) << troubleOf(parcels);

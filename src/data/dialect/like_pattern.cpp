@@ -1,5 +1,6 @@
 #include "data/dialect/like_pattern.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/text.h"
@@ -87,8 +88,36 @@ void LikePattern::findNeedle() {
     needle.push_back(elements_[i].letter);
   }
   needle_ = std::move(needle);
+  if (std::all_of(needle_.begin(), needle_.end(), [](char32_t letter) { return letter < 0x80; }))
+    findSkips();
 }
 
+// No letter beyond ASCII folds to a plain one, so that a plain needle can be held against the bytes of a text.
+void LikePattern::findSkips() {
+  plainNeedle_.assign(needle_.begin(), needle_.end());
+  const std::size_t last = plainNeedle_.size() - 1;
+  const auto skip = [](std::size_t bytes) { return static_cast<std::uint8_t>(std::min<std::size_t>(bytes, 255)); };
+  skips_.fill(skip(plainNeedle_.size()));
+  for (std::size_t byte = 0; byte < skips_.size(); ++byte) {
+    const std::size_t at = last == 0 ? std::string::npos : plainNeedle_.rfind(lowerBytes[byte], last - 1);
+    if (at != std::string::npos)
+      skips_[byte] = skip(last - at);
+  }
+}
+
+bool LikePattern::holdsPlainNeedle(std::string_view text) const {
+  const std::size_t last = plainNeedle_.size() - 1;
+  for (std::size_t at = last; at < text.size(); at += skips_[static_cast<unsigned char>(text[at])]) {
+    std::size_t left = last + 1;
+    while (left > 0 && lowered(text[at + left - last - 1]) == plainNeedle_[left - 1])
+      --left;
+    if (left == 0)
+      return true;
+  }
+  return false;
+}
+
+// Of a needle that is not all plain letters.
 bool LikePattern::holdsNeedle(std::string_view text) const {
   const bool plain = needle_.front() < 0x80;
   const char first = plain ? static_cast<char>(needle_.front()) : '\0';
@@ -108,6 +137,8 @@ bool LikePattern::needleAt(std::string_view text, std::size_t at) const {
 // When the text stops fitting, only the last run that was passed can still take one character more: those before it
 // have found the earliest place that they can have.
 bool LikePattern::matches(std::string_view text) const {
+  if (!plainNeedle_.empty())
+    return holdsPlainNeedle(text);
   if (!needle_.empty())
     return holdsNeedle(text);
   constexpr std::size_t none = std::string_view::npos;

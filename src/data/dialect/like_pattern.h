@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -29,11 +31,15 @@ class LikePattern {
  private:
   Element classOf(std::string_view inside) const;
   void findNeedle();
+  void findSkips();
   bool holdsNeedle(std::string_view text) const;
+  bool holdsPlainNeedle(std::string_view text) const;
   bool needleAt(std::string_view text, std::size_t at) const;
 
   std::vector<Element> elements_;
-  std::u32string needle_;  ///< of a pattern '%needle%', by far the most common: looked for by its first byte
+  std::u32string needle_;    ///< of a pattern '%needle%', by far the most common: looked for by its first byte
+  std::string plainNeedle_;  ///< the same, when all its letters are plain ones: looked for by its last byte
+  std::array<std::uint8_t, 256> skips_{};  ///< how far the end of the plain needle moves on from a byte of the text
 };
 
 }  // namespace zelvo::dialect

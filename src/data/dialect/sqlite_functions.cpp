@@ -26,7 +26,8 @@ bool isNull(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_NULL;
 }
 bool isNumeric(sqlite3_value* value) {
-  return sqlite3_value_type(value) == SQLITE_FLOAT || sqlite3_value_type(value) == SQLITE_INTEGER;
+  const int type = sqlite3_value_type(value);
+  return type == SQLITE_FLOAT || type == SQLITE_INTEGER;
 }
 
 void giveText(sqlite3_context* context, std::string_view text) {
@@ -43,15 +44,17 @@ const LikePattern* patternOf(sqlite3_context* context, sqlite3_value* pattern) {
   return static_cast<const LikePattern*>(sqlite3_get_auxdata(context, 0));
 }
 
+bool isLike(const LikePattern& pattern, sqlite3_value* value) {
+  return isNumeric(value) ? pattern.matches(numberText(sqlite3_value_double(value))) : pattern.matches(textOf(value));
+}
+
 void zlike(sqlite3_context* context, int, sqlite3_value** arguments) {
   if (isNull(arguments[0]) || isNull(arguments[1]))
     return;
   const LikePattern* pattern = patternOf(context, arguments[0]);
   if (!pattern)
     return sqlite3_result_error_nomem(context);
-  const bool matches = isNumeric(arguments[1]) ? pattern->matches(numberText(sqlite3_value_double(arguments[1])))
-                                               : pattern->matches(textOf(arguments[1]));
-  sqlite3_result_int(context, matches ? 1 : 0);
+  sqlite3_result_int(context, isLike(*pattern, arguments[1]) ? 1 : 0);
 }
 
 void zfold(sqlite3_context* context, int, sqlite3_value** arguments) {

@@ -2,7 +2,7 @@
 
 #include "data/postgres/postgres_engine.h"
 
-#include <charconv>
+#include <optional>
 #include <unordered_map>
 
 #include "base/files.h"
@@ -19,10 +19,9 @@ namespace {
 
 using dialect::quotedName;
 
-RowId idIn(std::string_view text) {
-  RowId id = 0;
-  std::from_chars(text.data(), text.data() + text.size(), id);
-  return id;
+/// What rowOf reads.
+std::string idAndColumns(const Table& table) {
+  return quotedName(dialect::postgres::rowIdOf(table)) + ", " + columnList(table);
 }
 
 Row rowOf(const Answer& answer, int at, const Table& table) {
@@ -79,21 +78,17 @@ Result<void> createOnServer(std::string_view path, const Table& table) {
   return server ? makeTable(**server, table) : server.error();
 }
 
-Result<const Table*> PostgresEngine::table(std::string_view name) {
-  if (alike(table_->name, name))
-    return table_;
-  return fileError(FileDeed::Read, path(), Trouble::NotFound, "it holds no table " + std::string(name),
-                   "Choose another data folder in the preferences.");
-}
-
 Result<Keyset> PostgresEngine::select(std::string_view query) {
   const auto read = dialect::parseSelect(query);
   if (!read)
     return read.error();
-  auto rows = ids(dialect::postgres::writeKeyset(*read, *table_));
+  // A table that is not here is told of by the writer, who knows the place in the query.
+  const Table* named = find(read->table.text);
+  const Table* table = named ? named : &mainTable();
+  auto rows = ids(dialect::postgres::writeKeyset(*read, *table));
   if (!rows)
     return rows.error();
-  return Keyset{table_, std::move(*rows)};
+  return Keyset{table, std::move(*rows)};
 }
 
 Result<std::vector<RowId>> PostgresEngine::matching(const Table& table, std::string_view condition) {
@@ -138,10 +133,10 @@ Result<std::vector<Row>> PostgresEngine::rows(const Table& table, std::span<cons
   if (auto going = goesOn(); !going)
     return going.error();
   const std::string id = quotedName(dialect::postgres::rowIdOf(table));
-  const auto answer = server_->ask(FileDeed::Read,
-                                   "select " + id + ", " + columnList(table) + " from " + quotedName(table.name) +
-                                       " where " + id + " = any($1::bigint[])",
-                                   {arrayText(ids)});
+  const auto answer = server_->ask(
+      FileDeed::Read,
+      "select " + idAndColumns(table) + " from " + quotedName(table.name) + " where " + id + " = any($1::bigint[])",
+      {arrayText(ids)});
   if (!answer)
     return answer.error();
   std::unordered_map<RowId, int> places;
@@ -152,6 +147,68 @@ Result<std::vector<Row>> PostgresEngine::rows(const Table& table, std::span<cons
     if (const auto place = places.find(ids[i]); place != places.end())
       rows[i] = rowOf(*answer, place->second, table);
   return rows;
+}
+
+// ---- every row
+
+namespace {
+
+/// Reads a snapshot by a cursor: of the transaction that is open, or of one of its own.
+class CursorReader : public RowReader {
+ public:
+  CursorReader(Server& server, const Table& table) : server_(server), table_(table) {}
+  CursorReader(const CursorReader&) = delete;
+  CursorReader& operator=(const CursorReader&) = delete;
+  ~CursorReader() override {
+    if (!server_.lost() && !server_.idle())
+      (void)server_.execute(alone_ ? "rollback" : "close every_row").ok();
+  }
+
+  Result<void> begin() {
+    alone_ = !server_.inTransaction();
+    return server_.execute(std::string(alone_ ? "begin isolation level repeatable read read only; " : "") +
+                           "declare every_row no scroll cursor for select " + idAndColumns(table_) + " from " +
+                           quotedName(table_.name) + " order by " + quotedName(dialect::postgres::rowIdOf(table_)));
+  }
+
+  Result<bool> next(Row& row) override {
+    if (at_ == there())
+      if (auto fetched = fetch(); !fetched)
+        return fetched.error();
+    if (at_ == there())
+      return false;
+    row = rowOf(*some_, at_++, table_);
+    return true;
+  }
+
+ private:
+  int there() const { return some_ ? some_->rows() : 0; }
+
+  Result<void> fetch() {
+    auto answer = server_.ask(FileDeed::Read, "fetch 500 from every_row");
+    if (!answer)
+      return answer.error();
+    some_ = std::move(*answer);
+    at_ = 0;
+    return {};
+  }
+
+  Server& server_;
+  const Table& table_;
+  bool alone_ = false;
+  std::optional<Answer> some_;
+  int at_ = 0;
+};
+
+}  // namespace
+
+Result<std::unique_ptr<RowReader>> PostgresEngine::everyRow(const Table& table) {
+  if (auto going = goesOn(); !going)
+    return going.error();
+  auto reader = std::make_unique<CursorReader>(*server_, table);
+  if (auto begun = reader->begin(); !begun)
+    return begun.error();
+  return std::unique_ptr<RowReader>(std::move(reader));
 }
 
 }  // namespace zelvo::postgres

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/files.h"
 #include "data/dialect/postgres_writer.h"
 #include "data/postgres/postgres_engine.h"
 #include "data/postgres/schema.h"
@@ -44,11 +45,12 @@ std::string updating(const Table& table, std::span<const std::size_t> positions)
          quotedName(dialect::postgres::rowIdOf(table)) + " = $" + std::to_string(positions.size() + 1);
 }
 
-/// A number that somebody chose himself: the store's own go on behind it.
+/// A number that somebody chose himself: the store's own go on behind it. They never go back, as they would stay back
+/// when the change is given up.
 std::string goingOnBehind(const Table& table, const std::string& id) {
-  const std::string name = quotedName(table.name);
-  return "select setval(pg_get_serial_sequence('" + name + "', '" + id + "'), (select max(" + quotedName(id) +
-         ") from " + name + "))";
+  const std::string name = quotedName(table.name), numbers = "pg_get_serial_sequence('" + name + "', '" + id + "')";
+  return "select setval(" + numbers + ", greatest((select max(" + quotedName(id) + ") from " + name +
+         "), pg_sequence_last_value(" + numbers + "::regclass), 1))";
 }
 
 /// The key of a row that was refused, as the server tells it: Key ("PERMIT")=(25-1) already exists.
@@ -63,83 +65,31 @@ Row rowOfKey(const Table& table, std::string_view detail) {
 
 }  // namespace
 
-// ---- the engine's own transaction
+// ---- transactions
 
-Result<void> PostgresEngine::goesOn() const {
-  return transaction() && !server_->inTransaction() ? givenUpBefore(path()) : Result<void>();
+Engine::Standing PostgresEngine::standing() const {
+  if (server_->lost() || server_->idle())
+    return Standing::NoTransaction;
+  return server_->inTransaction() ? Standing::Open : Standing::Failed;
 }
 
-Result<void> PostgresEngine::doBegin() {
-  auto begun = server_->execute("begin; " + locking(*server_, *table_));
-  if (!begun)
-    doRollback();
-  return begun;
+Result<void> PostgresEngine::takeForWriting() {
+  return server_->execute("begin; " + locking(*server_, mainTable()));
 }
 
-// The server takes the commit of a transaction that failed for a rollback, without a word.
-Result<void> PostgresEngine::doCommit() {
-  if (!server_->inTransaction()) {
-    doRollback();
-    return givenUpBefore(path());
-  }
-  auto committed = server_->execute("commit");
-  if (!committed)
-    doRollback();
-  return committed;
+Result<void> PostgresEngine::inItsPlace() const {
+  const std::string folder = folderOf(path());
+  if (!keepsOnServer(folder))
+    return movedAway(path());
+  const auto place = serverPlace(folder);
+  if (!place)
+    return place.error();
+  return place->schema == server_->schema() ? Result<void>() : movedAway(path());
 }
 
-void PostgresEngine::doRollback() {
-  if (!server_->lost() && !server_->idle())
-    (void)server_->execute("rollback").ok();
-}
+// ---- single rows
 
-// ---- a single change
-
-/// A change of the table, begun by taking its lock: part of the engine's transaction when one is open, else one of its
-/// own. What is not kept is given up whole.
-class PostgresEngine::Change {
- public:
-  explicit Change(PostgresEngine& engine) : engine_(engine), joined_(engine.transaction() != nullptr) {}
-  Change(const Change&) = delete;
-  Change& operator=(const Change&) = delete;
-  ~Change() {
-    if (open_ && !joined_)
-      engine_.doRollback();
-    else if (open_ && !engine_.server_->lost())
-      (void)engine_.server_->execute("rollback to part; release part").ok();
-  }
-
-  Result<void> begin() {
-    if (auto going = engine_.goesOn(); !going)
-      return going;
-    auto begun = joined_ ? engine_.server_->execute("savepoint part") : engine_.doBegin();
-    open_ = begun.ok();
-    return begun;
-  }
-  Result<void> keep() {
-    open_ = false;
-    return joined_ ? engine_.server_->execute("release part") : engine_.doCommit();
-  }
-
- private:
-  PostgresEngine& engine_;
-  bool joined_;
-  bool open_ = false;
-};
-
-Result<RowId> PostgresEngine::insert(const Table& table, const Row& row) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun.error();
-  auto id = insertRow(table, row);
-  if (!id)
-    return id;
-  if (auto kept = change.keep(); !kept)
-    return kept.error();
-  return id;
-}
-
-Result<RowId> PostgresEngine::insertRow(const Table& table, const Row& row) {
+Result<RowId> PostgresEngine::addRow(const Table& table, const Row& row) {
   std::vector<std::size_t> positions = allPositions(table);
   const std::size_t counter = counterOf(table);
   const bool chosen = counter < row.size() && !row[counter].isNull();
@@ -156,46 +106,23 @@ Result<RowId> PostgresEngine::insertRow(const Table& table, const Row& row) {
   if (chosen)
     if (auto behind = server_->execute(goingOnBehind(table, std::string(table.columns[counter].name))); !behind)
       return behind.error();
-  return static_cast<RowId>(std::stoll(std::string(answer->text(0, 0))));
+  return idIn(answer->text(0, 0));
 }
 
-Result<void> PostgresEngine::checkUnchanged(const Table& table, RowId id, const Row& read) {
-  const auto now = rows(table, std::span(&id, 1));
-  if (!now)
-    return now.error();
-  if (now->front() == asStored(read))
-    return {};
-  return changedMeanwhile(path(), table, read, now->front());
-}
-
-Result<void> PostgresEngine::update(const Table& table, RowId id, const Row& read, const Row& typed) {
-  const auto positions = differing(read, typed);
-  if (positions.empty())
-    return {};
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
-  if (auto unchanged = checkUnchanged(table, id, read); !unchanged)
-    return unchanged;
+Result<void> PostgresEngine::changeRow(const Table& table, RowId id, std::span<const std::size_t> positions,
+                                       const Row& typed) {
   std::vector<Parameter> values;
   for (const std::size_t position : positions)
     values.push_back(parameterOf(typed[position]));
   values.push_back(std::to_string(id));
-  auto stored = write(table, typed, updating(table, positions), values);
-  return stored ? change.keep() : stored;
+  return write(table, typed, updating(table, positions), values);
 }
 
-Result<void> PostgresEngine::remove(const Table& table, RowId id, const Row& read) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
-  if (auto unchanged = checkUnchanged(table, id, read); !unchanged)
-    return unchanged;
-  auto removed = write(
+Result<void> PostgresEngine::removeRow(const Table& table, RowId id, const Row& read) {
+  return write(
       table, read,
       "delete from " + quotedName(table.name) + " where " + quotedName(dialect::postgres::rowIdOf(table)) + " = $1",
       {std::to_string(id)});
-  return removed ? change.keep() : removed;
 }
 
 Result<void> PostgresEngine::write(const Table& table, const Row& row, const std::string& sql,
@@ -210,74 +137,95 @@ Result<void> PostgresEngine::write(const Table& table, const Row& row, const std
 
 // ---- many rows at once
 
-// The server's way of taking many rows hands no counters out where some are given.
-Result<void> PostgresEngine::insertMany(const Table& table, std::span<const std::size_t> positions,
-                                        const std::function<bool(std::vector<Value>&)>& nextRow) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
-  const bool counted = std::find(positions.begin(), positions.end(), counterOf(table)) != positions.end();
-  auto stored = counted ? insertEach(table, positions, nextRow) : copyIn(table, positions, nextRow);
-  return stored ? change.keep() : stored;
-}
-
-Result<void> PostgresEngine::insertEach(const Table& table, std::span<const std::size_t> positions,
-                                        const std::function<bool(std::vector<Value>&)>& nextRow) {
-  Pouring pouring(table, positions, nextRow);
-  for (;;) {
-    const auto given = pouring.next();
-    if (!given)
-      return given.error();
-    if (!*given)
-      return {};
-    if (auto stored = insertRow(table, pouring.row()); !stored)
-      return stored.error();
-  }
-}
-
 namespace {
 
-/// The next lines of a copy, a good many together; none when there are no more rows.
-Result<std::string> nextLines(Pouring& pouring) {
-  std::string lines;
-  while (lines.size() < copiedAtOnce) {
-    const auto given = pouring.next();
-    if (!given)
-      return given.error();
-    if (!*given)
-      break;
-    for (std::size_t i = 0; i < pouring.values().size(); ++i) {
+/// The lines of a copy, for the rows that an importer gives. Where some of them bring their counters the server hands
+/// out none, so those left open are counted on here, behind the highest that there is.
+class CopyLines {
+ public:
+  CopyLines(Pouring& pouring, std::span<const std::size_t> positions, std::size_t counter, RowId highest)
+      : pouring_(pouring), highest_(highest) {
+    counterAt_ = static_cast<std::size_t>(std::find(positions.begin(), positions.end(), counter) - positions.begin());
+  }
+
+  /// A good many lines together; none when there are no more rows.
+  Result<std::string> next() {
+    std::string lines;
+    while (lines.size() < copiedAtOnce) {
+      const auto given = pouring_.next();
+      if (!given)
+        return given.error();
+      if (!*given)
+        break;
+      appendRow(lines);
+    }
+    return lines;
+  }
+
+ private:
+  void appendRow(std::string& lines) {
+    const std::vector<Value>& values = pouring_.values();
+    for (std::size_t i = 0; i < values.size(); ++i) {
       lines += i == 0 ? "" : "\t";
-      appendCopied(lines, pouring.values()[i]);
+      appendCopied(lines, i == counterAt_ ? counted(values[i]) : values[i]);
     }
     lines += '\n';
   }
-  return lines;
+  Value counted(const Value& counter) {
+    const RowId id = counter.isNull() ? highest_ + 1 : static_cast<RowId>(counter.number());
+    highest_ = std::max(highest_, id);
+    return counter.isNull() ? Value(id) : counter;
+  }
+
+  Pouring& pouring_;
+  std::size_t counterAt_;
+  RowId highest_;
+};
+
+/// All lines to the server, unless it or the importer gives up.
+Result<void> pour(CopyLines& lines, Server& server) {
+  for (;;) {
+    const auto some = lines.next();
+    if (!some || some->empty())
+      return some ? Result<void>() : some.error();
+    if (auto poured = server.copy(*some); !poured)
+      return poured;
+  }
 }
 
 }  // namespace
 
-Result<void> PostgresEngine::copyIn(const Table& table, std::span<const std::size_t> positions,
-                                    const std::function<bool(std::vector<Value>&)>& nextRow) {
-  const std::string sql = "copy " + quotedName(table.name) + " (" + nameList(table, positions) + ") from stdin";
-  if (auto begun = server_->ask(FileDeed::Write, sql); !begun)
+Result<RowId> PostgresEngine::highestId(const Table& table) {
+  const auto answer =
+      server_->ask(FileDeed::Read, "select coalesce(max(" + quotedName(dialect::postgres::rowIdOf(table)) +
+                                       "), 0) from " + quotedName(table.name));
+  if (!answer)
+    return answer.error();
+  return idIn(answer->text(0, 0));
+}
+
+Result<void> PostgresEngine::addRows(const Table& table, std::span<const std::size_t> positions,
+                                     const NextRow& nextRow) {
+  const auto highest = highestId(table);
+  if (!highest)
+    return highest.error();
+  if (auto begun = server_->ask(FileDeed::Write,
+                                "copy " + quotedName(table.name) + " (" + nameList(table, positions) + ") from stdin");
+      !begun)
     return begun.error();
   Pouring pouring(table, positions, nextRow);
-  Result<void> poured;
-  for (bool more = true; more && poured;) {
-    const auto lines = nextLines(pouring);
-    poured = lines ? server_->copy(*lines) : lines.error();
-    more = lines.ok() && !lines->empty();
-  }
+  CopyLines lines(pouring, positions, counterOf(table), *highest);
+  const auto poured = pour(lines, *server_);
   const auto answer = server_->endCopy(!poured);
   if (!poured)
     return poured;
   if (!answer)
     return answer.error();
-  if (answer->ok())
-    return {};
-  return answer->state() == keyTaken ? keyInUse(path(), table, rowOfKey(table, answer->detail()))
-                                     : server_->troubleOf(FileDeed::Write, *answer);
+  if (!answer->ok())
+    return answer->state() == keyTaken ? keyInUse(path(), table, rowOfKey(table, answer->detail()))
+                                       : server_->troubleOf(FileDeed::Write, *answer);
+  const bool counted = std::find(positions.begin(), positions.end(), counterOf(table)) != positions.end();
+  return counted ? server_->execute(goingOnBehind(table, dialect::postgres::rowIdOf(table))) : Result<void>();
 }
 
 }  // namespace zelvo::postgres

@@ -91,6 +91,12 @@ void appendCopied(std::string& line, const Value& value) {
   }
 }
 
+RowId idIn(std::string_view text) {
+  RowId id = 0;
+  std::from_chars(text.data(), text.data() + text.size(), id);
+  return id;
+}
+
 std::string arrayText(std::span<const RowId> ids) {
   std::string text = "{";
   for (const RowId id : ids)

@@ -22,6 +22,8 @@ Row asStored(Row row);
 /// Adds a value to a line of COPY.
 void appendCopied(std::string& line, const Value& value);
 
+/// An id as the server writes it.
+RowId idIn(std::string_view text);
 std::string arrayText(std::span<const RowId> ids);
 /// The ids of a binary array.
 std::vector<RowId> idsOf(std::string_view bytes);

@@ -13,6 +13,7 @@
 #include "base/text.h"
 #include "data/sqlite/file_kind.h"
 #include "data/sqlite/schema.h"
+#include "data/sqlite/sqlite_engine.h"
 
 namespace zelvo::sqlite {
 
@@ -89,23 +90,22 @@ class Unfinished {
   std::string beside_;
 };
 
-/// Makes a file by filling the open database of its unfinished one.
-Result<void> make(std::string_view path, const std::function<Result<void>(Database&)>& fill) {
+/// Makes a file by filling the open database of its unfinished one, which is closed then.
+Result<void> make(std::string_view path, const std::function<Result<void>(std::unique_ptr<Database>)>& fill) {
   Unfinished file(systemPath(path));
   if (auto begun = file.begin(); !begun)
     return begun;
-  {
-    auto database = Database::open(file.beside(), Database::Mode::Create);
-    if (!database)
-      return file.named(database.error());
-    if (auto filled = fill(**database); !filled)
-      return file.named(filled.error());
-  }
+  auto database = Database::open(file.beside(), Database::Mode::Create);
+  if (!database)
+    return file.named(database.error());
+  if (auto filled = fill(std::move(*database)); !filled)
+    return file.named(filled.error());
   return file.finish();
 }
 
-/// The whole file in one go: a copy in pieces would begin anew with every change of another computer.
-Result<void> pour(Database& from, Database& to) {
+/// The whole file in one go: a copy in pieces would begin anew with every change of another computer. `shared` is the
+/// one of the two that other computers may hold.
+Result<void> pour(Database& from, Database& to, const Database& shared) {
   sqlite3_backup* copying = sqlite3_backup_init(to.handle(), "main", from.handle(), "main");
   if (!copying)
     return to.trouble(FileDeed::Write);
@@ -113,23 +113,58 @@ Result<void> pour(Database& from, Database& to) {
   sqlite3_backup_finish(copying);
   if (code == SQLITE_DONE)
     return {};
-  return (code & 0xff) == SQLITE_BUSY ? from.trouble(FileDeed::Read, code) : to.trouble(FileDeed::Copy, code);
+  return (code & 0xff) == SQLITE_BUSY ? shared.trouble(FileDeed::Read, code) : to.trouble(FileDeed::Copy, code);
+}
+
+Result<std::unique_ptr<Database>> openFile(std::string_view path) {
+  const std::string name = systemPath(path);
+  const auto mode = modeOf(name);
+  return mode ? Database::open(name, *mode) : mode.error();
 }
 
 }  // namespace
 
-Result<void> createFile(std::string_view path, const Table& table) {
-  return make(path,
-              [&](Database& database) { return database.execute("begin immediate;" + creation(table) + "commit"); });
+Result<void> createFile(std::string_view path, const Table& table,
+                        const std::function<Result<void>(Engine& file)>& fill) {
+  return make(path, [&](std::unique_ptr<Database> database) {
+    auto made = database->execute("begin immediate;" + creation(table) + "commit");
+    if (!made || !fill)
+      return made;
+    SqliteEngine engine(std::move(database), {&table});
+    return fill(engine);
+  });
 }
 
 Result<void> copyDatabaseFile(std::string_view from, std::string_view to) {
-  const std::string name = systemPath(from);
-  const auto mode = modeOf(name);
-  auto source = mode ? Database::open(name, *mode) : mode.error();
-  if (!source)
-    return source.error();
-  return make(to, [&](Database& target) { return pour(**source, target); });
+  const auto source = openFile(from);
+  return source ? copyDatabaseFile(**source, to) : source.error();
+}
+
+Result<void> copyDatabaseFile(Database& from, std::string_view to) {
+  return make(to, [&](std::unique_ptr<Database> target) { return pour(from, *target, from); });
+}
+
+Result<void> replaceDatabaseFile(std::string_view from, std::string_view to) {
+  const auto target = openFile(to);
+  return target ? replaceDatabaseFile(from, **target) : target.error();
+}
+
+Result<void> replaceDatabaseFile(std::string_view from, Database& to) {
+  const auto source = openFile(from);
+  return source ? pour(**source, to, to) : source.error();
+}
+
+Result<void> checkDatabaseFile(std::string_view path) {
+  const auto database = openFile(path);
+  if (!database)
+    return database.error();
+  const auto found = (*database)->ask("pragma integrity_check(1)");
+  if (!found)
+    return found.error();
+  if (*found != "ok")
+    return fileError(FileDeed::Read, systemPath(path), Trouble::NotOurs, "it is damaged (" + *found + ")",
+                     "Restore it from the backup.");
+  return {};
 }
 
 }  // namespace zelvo::sqlite

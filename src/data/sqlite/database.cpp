@@ -40,9 +40,12 @@ Result<void> Database::prepareForUse(Mode mode) {
   waiting_.attend(handle_);
   if (auto looked = mode == Mode::Create ? Result<void>() : checkHead(*this); !looked)
     return looked;
-  if (const int code = dialect::registerDialectFunctions(handle_); code != SQLITE_OK)
-    return trouble(FileDeed::Read, code);
-  return execute("pragma synchronous = full; pragma mmap_size = 0; pragma page_size = 8192");
+  for (const int code : {dialect::registerDialectFunctions(handle_), gathering_.attend(handle_)})
+    if (code != SQLITE_OK)
+      return trouble(FileDeed::Read, code);
+  // Extra: the folder is flushed too when the journal is gone. A cut of the power could bring the journal back, and the
+  // next computer would then take back what was stored and acknowledged.
+  return execute("pragma synchronous = extra; pragma mmap_size = 0; pragma page_size = 8192");
 }
 
 Database::~Database() {

@@ -10,6 +10,7 @@
 
 #include "base/file_trouble.h"
 #include "data/engine.h"
+#include "data/sqlite/key_gathering.h"
 #include "data/sqlite/statement.h"
 #include "data/sqlite/waiting.h"
 
@@ -38,6 +39,7 @@ class Database {
   Result<Statement> prepareAlone(const std::string& sql);
   /// The first column of the first row.
   Result<std::string> ask(const std::string& sql);
+  KeyGathering& gathering() { return gathering_; }
 
   /// Whether SQLite itself has a transaction open; a full disk, for one, makes it give up the open one by itself.
   bool inTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
@@ -53,6 +55,7 @@ class Database {
 
   std::string path_;
   Waiting waiting_;
+  KeyGathering gathering_;
   sqlite3* handle_ = nullptr;
   std::unordered_map<std::string, sqlite3_stmt*> statements_;
 };

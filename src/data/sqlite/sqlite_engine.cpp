@@ -6,7 +6,7 @@
 #include <unordered_map>
 
 #include "base/files.h"
-#include "base/text.h"
+#include "base/number.h"
 #include "data/dialect/parser.h"
 #include "data/dialect/sqlite_writer.h"
 #include "data/sqlite/file_kind.h"
@@ -68,33 +68,28 @@ Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::m
   return std::unique_ptr<Engine>(std::make_unique<SqliteEngine>(std::move(*database), std::move(*tables)));
 }
 
-const Table* SqliteEngine::find(std::string_view name) const {
-  const auto found =
-      std::find_if(tables_.begin(), tables_.end(), [&](const Table* table) { return alike(table->name, name); });
-  return found == tables_.end() ? nullptr : *found;
-}
-
-Result<const Table*> SqliteEngine::table(std::string_view name) {
-  if (const Table* found = find(name))
-    return found;
-  return fileError(FileDeed::Read, path(), Trouble::NotFound, "it holds no table " + std::string(name),
-                   "Choose another data folder in the preferences.");
-}
-
 Result<Keyset> SqliteEngine::select(std::string_view query) {
   const auto read = dialect::parseSelect(query);
   if (!read)
     return read.error();
   // A table that is not here is told of by the writer, who knows the place in the query.
   const Table* named = find(read->table.text);
-  const Table* table = named ? named : tables_.front();
+  const Table* table = named ? named : &mainTable();
   const auto statement = dialect::writeKeyset(*read, *table);
   if (!statement)
     return statement.error();
-  auto rows = ids(statement->sql, statement->parameters);
+  auto rows = ids(*statement, read->where ? 0 : rowsAtMost(*table));
   if (!rows)
     return rows.error();
   return Keyset{table, std::move(*rows)};
+}
+
+/// Of a table: what room is made for beforehand need not be moved as the keys become more. Nothing for one that has
+/// rows of far higher numbers than an office has records.
+std::size_t SqliteEngine::rowsAtMost(const Table& table) {
+  constexpr double mostRows = 1 << 23;
+  const double last = Val(database_->ask("select max(rowid) from " + quoted(table.name)).valueOr(""));
+  return last > 0 && last <= mostRows ? static_cast<std::size_t>(last) : 0;
 }
 
 Result<std::vector<RowId>> SqliteEngine::matching(const Table& table, std::string_view condition) {
@@ -104,7 +99,7 @@ Result<std::vector<RowId>> SqliteEngine::matching(const Table& table, std::strin
   const auto statement = dialect::writeKeysetOf(*read, table);
   if (!statement)
     return statement.error();
-  return ids(statement->sql, statement->parameters);
+  return ids(*statement);
 }
 
 Result<bool> SqliteEngine::exists(const Table& table, std::string_view condition) {
@@ -114,25 +109,31 @@ Result<bool> SqliteEngine::exists(const Table& table, std::string_view condition
   const auto statement = dialect::writeExists(*read, table);
   if (!statement)
     return statement.error();
-  const auto answer = ids(statement->sql, statement->parameters);
-  if (!answer)
-    return answer.error();
-  return answer->front() != 0;
+  return answer(statement->sql, statement->parameters);
 }
 
-Result<std::vector<RowId>> SqliteEngine::ids(const std::string& sql, const std::vector<Value>& parameters) {
+Result<std::vector<RowId>> SqliteEngine::ids(const dialect::BoundStatement& statement, std::size_t atMost) {
+  std::vector<RowId> found;
+  found.reserve(atMost);
+  database_->gathering().gatherInto(&found);
+  const auto gathered = answer("select zgather(rowid) from (" + statement.sql + ")", statement.parameters);
+  database_->gathering().gatherInto(nullptr);
+  if (!gathered)
+    return gathered.error();
+  return found;
+}
+
+/// Steps a statement that gives one row; gives whether what it holds is true.
+Result<bool> SqliteEngine::answer(const std::string& sql, const std::vector<Value>& parameters) {
   auto statement = database_->prepare(sql);
   if (!statement)
     return statement.error();
   for (std::size_t i = 0; i < parameters.size(); ++i)
     statement->bind(static_cast<int>(i) + 1, parameters[i]);
-  std::vector<RowId> found;
-  int code = 0;
-  while ((code = statement->step()) == SQLITE_ROW)
-    found.push_back(statement->integer(0));
-  if (code != SQLITE_DONE)
+  const int code = statement->step();
+  if (code != SQLITE_ROW)
     return database_->trouble(FileDeed::Read, code);
-  return found;
+  return statement->integer(0) != 0;
 }
 
 Result<std::vector<Row>> SqliteEngine::rows(const Table& table, std::span<const RowId> ids) {
@@ -161,11 +162,36 @@ Result<void> SqliteEngine::readRows(const Table& table, std::span<const RowId> i
   return code == SQLITE_DONE ? Result<void>() : database_->trouble(FileDeed::Read, code);
 }
 
-Result<Row> SqliteEngine::readRow(const Table& table, RowId id) {
-  Row row;
-  if (auto read = readRows(table, std::span(&id, 1), std::span(&row, 1)); !read)
-    return read.error();
-  return row;
+namespace {
+
+class StatementReader : public RowReader {
+ public:
+  StatementReader(const Database& database, Statement statement, const Table& table)
+      : database_(database), statement_(std::move(statement)), table_(table) {}
+
+  Result<bool> next(Row& row) override {
+    const int code = statement_.step();
+    if (code == SQLITE_ROW)
+      row = rowOf(statement_, table_);
+    else if (code != SQLITE_DONE)
+      return database_.trouble(FileDeed::Read, code);
+    return code == SQLITE_ROW;
+  }
+
+ private:
+  const Database& database_;
+  Statement statement_;
+  const Table& table_;
+};
+
+}  // namespace
+
+Result<std::unique_ptr<RowReader>> SqliteEngine::everyRow(const Table& table) {
+  auto statement =
+      database_->prepareAlone("select rowid, " + columnList(table) + " from " + quoted(table.name) + " order by rowid");
+  if (!statement)
+    return statement.error();
+  return std::unique_ptr<RowReader>(std::make_unique<StatementReader>(*database_, std::move(*statement), table));
 }
 
 }  // namespace zelvo::sqlite

@@ -32,27 +32,36 @@ void Statement::reset() {
   sqlite3_clear_bindings(statement_);
 }
 
+namespace {
+
+std::string_view textOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value))) : std::string_view();
+}
+
+}  // namespace
+
 std::string Statement::text(int column) const {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-  return text ? std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))) : std::string();
+  return std::string(textOf(sqlite3_column_value(statement_, column)));
 }
 
 // What other tools wrote into a column and does not belong there comes as the text that it is.
 Value Statement::value(int column, ColumnType type) const {
-  switch (sqlite3_column_type(statement_, column)) {
+  sqlite3_value* held = sqlite3_column_value(statement_, column);
+  switch (sqlite3_value_type(held)) {
     case SQLITE_NULL:
       return {};
     case SQLITE_INTEGER:
     case SQLITE_FLOAT:
-      return sqlite3_column_double(statement_, column);
+      return sqlite3_value_double(held);
     default:
       break;
   }
-  std::string read = text(column);
+  const std::string_view text = textOf(held);
   if (type == ColumnType::Date)
-    if (const auto moment = parseIso(read))
+    if (const auto moment = parseIso(text))
       return *moment;
-  return read;
+  return text;
 }
 
 }  // namespace zelvo::sqlite

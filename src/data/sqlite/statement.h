@@ -30,6 +30,8 @@ class Statement {
   /// SQLITE_ROW, SQLITE_DONE or an error code.
   int step() { return sqlite3_step(statement_); }
   void reset();
+  /// A reset that keeps what is bound, for a statement that is bound anew as a whole.
+  void again() { sqlite3_reset(statement_); }
 
   /// Columns count from 0.
   std::int64_t integer(int column) const { return sqlite3_column_int64(statement_, column); }

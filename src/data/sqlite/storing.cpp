@@ -1,8 +1,10 @@
 // Writing: rows added, changed and removed, each seen to be still as it was read.
 
+#include "base/files.h"
 #include "data/row_storing.h"
-#include "data/sqlite/change.h"
+#include "data/server_folder.h"
 #include "data/sqlite/schema.h"
+#include "data/sqlite/sqlite_engine.h"
 
 namespace zelvo::sqlite {
 
@@ -17,7 +19,7 @@ std::string insertion(const Table& table, std::span<const std::size_t> positions
   return "insert into " + quoted(table.name) + " (" + names + ") values (" + marks + ")";
 }
 
-std::string updating(const Table& table, const std::vector<std::size_t>& positions) {
+std::string updating(const Table& table, std::span<const std::size_t> positions) {
   std::string sets;
   for (const std::size_t position : positions)
     sets += (sets.empty() ? "" : ", ") + quoted(table.columns[position].name) + " = ?";
@@ -25,6 +27,33 @@ std::string updating(const Table& table, const std::vector<std::size_t>& positio
 }
 
 }  // namespace
+
+// ---- transactions
+
+Engine::Standing SqliteEngine::standing() const {
+  return database_->inTransaction() ? Standing::Open : Standing::NoTransaction;
+}
+
+// SQLite begins to write to a read-only file without a word, and fails at the first row.
+Result<void> SqliteEngine::takeForWriting() {
+  if (sqlite3_db_readonly(database_->handle(), "main") == 1)
+    return database_->trouble(FileDeed::Write, SQLITE_READONLY);
+  return database_->execute("begin immediate");
+}
+
+Result<void> SqliteEngine::inItsPlace() const {
+  return keepsOnServerNow(folderOf(path())) ? movedAway(path()) : Result<void>();
+}
+
+// With its journal gone a change is made. That only this could not be flushed, as on shared folders of other systems,
+// is no failure: whoever was told of one would store the record a second time.
+Result<void> SqliteEngine::execute(const std::string& sql) {
+  auto done = database_->execute(sql);
+  const bool unflushed = sqlite3_extended_errcode(database_->handle()) == SQLITE_IOERR_DIR_FSYNC;
+  return unflushed ? Result<void>() : done;
+}
+
+// ---- single rows
 
 Error SqliteEngine::notStored(int code, const Table& table, const Row& row) const {
   if ((code & 0xff) != SQLITE_CONSTRAINT)
@@ -39,42 +68,19 @@ Result<void> SqliteEngine::finish(Statement& statement, const Table& table, cons
   return stored;
 }
 
-Result<RowId> SqliteEngine::insert(const Table& table, const Row& row) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun.error();
+Result<RowId> SqliteEngine::addRow(const Table& table, const Row& row) {
   auto statement = database_->prepare(insertion(table, allPositions(table)));
   if (!statement)
     return statement.error();
   for (std::size_t i = 0; i < row.size(); ++i)
     statement->bind(static_cast<int>(i) + 1, row[i]);
-  auto stored = finish(*statement, table, row);
-  const RowId id = sqlite3_last_insert_rowid(database_->handle());
-  if (stored)
-    stored = change.keep();
-  if (!stored)
+  if (auto stored = finish(*statement, table, row); !stored)
     return stored.error();
-  return id;
+  return sqlite3_last_insert_rowid(database_->handle());
 }
 
-Result<void> SqliteEngine::checkUnchanged(const Table& table, RowId id, const Row& read) {
-  const auto now = readRow(table, id);
-  if (!now)
-    return now.error();
-  if (*now == read)
-    return {};
-  return changedMeanwhile(path(), table, read, *now);
-}
-
-Result<void> SqliteEngine::update(const Table& table, RowId id, const Row& read, const Row& typed) {
-  const auto positions = differing(read, typed);
-  if (positions.empty())
-    return {};
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
-  if (auto unchanged = checkUnchanged(table, id, read); !unchanged)
-    return unchanged;
+Result<void> SqliteEngine::changeRow(const Table& table, RowId id, std::span<const std::size_t> positions,
+                                     const Row& typed) {
   auto statement = database_->prepare(updating(table, positions));
   if (!statement)
     return statement.error();
@@ -82,33 +88,41 @@ Result<void> SqliteEngine::update(const Table& table, RowId id, const Row& read,
   for (const std::size_t position : positions)
     statement->bind(++parameter, typed[position]);
   statement->bind(++parameter, id);
-  auto stored = finish(*statement, table, typed);
-  return stored ? change.keep() : stored;
+  return finish(*statement, table, typed);
 }
 
-Result<void> SqliteEngine::remove(const Table& table, RowId id, const Row& read) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
-  if (auto unchanged = checkUnchanged(table, id, read); !unchanged)
-    return unchanged;
+Result<void> SqliteEngine::removeRow(const Table& table, RowId id, const Row& read) {
   auto statement = database_->prepare("delete from " + quoted(table.name) + " where rowid = ?");
   if (!statement)
     return statement.error();
   statement->bind(1, id);
-  auto removed = finish(*statement, table, read);
-  return removed ? change.keep() : removed;
+  return finish(*statement, table, read);
 }
 
 // ---- many rows at once
 
+namespace {
+
+/// More pages in memory for as long as it lives. Keys come in another order than their index has them: with the usual
+/// few pages nearly every row would read and write a page of it.
+class WideCache {
+ public:
+  explicit WideCache(Database& database) : database_(database) { set("-65536"); }
+  WideCache(const WideCache&) = delete;
+  WideCache& operator=(const WideCache&) = delete;
+  ~WideCache() { set("-2000"); }
+
+ private:
+  void set(const std::string& kilobytes) { (void)database_.execute("pragma cache_size = " + kilobytes).ok(); }
+  Database& database_;
+};
+
+}  // namespace
+
 // Into an empty table rows go without its further indexes, which are made afterwards from sorted rows: rows that come
 // in the order of their key would otherwise fetch and write another place of each index every time.
-Result<void> SqliteEngine::insertMany(const Table& table, std::span<const std::size_t> positions,
-                                      const std::function<bool(std::vector<Value>&)>& nextRow) {
-  Change change(*this);
-  if (auto begun = change.begin(); !begun)
-    return begun;
+Result<void> SqliteEngine::addRows(const Table& table, std::span<const std::size_t> positions, const NextRow& nextRow) {
+  const WideCache cache(*database_);
   const auto first = database_->ask("select rowid from " + quoted(table.name) + " limit 1");
   if (!first)
     return first.error();
@@ -117,13 +131,10 @@ Result<void> SqliteEngine::insertMany(const Table& table, std::span<const std::s
     return bare;
   if (auto poured = pour(table, positions, nextRow); !poured)
     return poured;
-  if (auto indexed = wasEmpty ? database_->execute(indexCreation(table)) : Result<void>(); !indexed)
-    return indexed;
-  return change.keep();
+  return wasEmpty ? database_->execute(indexCreation(table)) : Result<void>();
 }
 
-Result<void> SqliteEngine::pour(const Table& table, std::span<const std::size_t> positions,
-                                const std::function<bool(std::vector<Value>&)>& nextRow) {
+Result<void> SqliteEngine::pour(const Table& table, std::span<const std::size_t> positions, const NextRow& nextRow) {
   auto statement = database_->prepareAlone(insertion(table, positions));
   if (!statement)
     return statement.error();
@@ -139,7 +150,7 @@ Result<void> SqliteEngine::pour(const Table& table, std::span<const std::size_t>
       statement->bind(++parameter, value);
     if (const int code = statement->step(); code != SQLITE_DONE)
       return notStored(code, table, pouring.row());
-    statement->reset();
+    statement->again();
   }
 }
 

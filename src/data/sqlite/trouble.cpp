@@ -1,6 +1,7 @@
 #include "data/sqlite/trouble.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <string>
 
@@ -43,11 +44,16 @@ constexpr Cause causes[] = {
     {SQLITE_PROTOCOL, Trouble::Busy, "the shared folder's locks failed", "Wait a moment and try again."},
 };
 
+/// The engine does not tell why it could not make its journal beside the file, so what can be seen is told.
 Error cannotOpen(FileDeed deed, std::string_view path) {
   if (!FileExists(path))
     return fileError(deed, path, Trouble::NotFound, "it is not there any more, or its folder is not",
                      "Check the folder in the settings.");
-  return fileError(deed, path, Trouble::ReadOnly, "its folder is read-only", askForRights);
+  const std::string folder = folderOf(path);
+  if (::access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
+    return fileError(deed, path, Trouble::ReadOnly, "its folder is read-only", askForRights);
+  return fileError(deed, path, Trouble::Failed, "the disk is full or fails",
+                   "Make room on the disk, or check it and the network, and try again.");
 }
 
 }  // namespace
