@@ -19,6 +19,15 @@ void appendRow(std::string& text, const TableRow& row) {
 
 }  // namespace
 
+bool Run::operator==(const Run& other) const {
+  const bool samePicture = picture == other.picture || (picture && other.picture && *picture == *other.picture);
+  return samePicture && style == other.style && text == other.text && live == other.live;
+}
+
+bool SectionBreak::operator==(const SectionBreak& other) const {
+  return newPage == other.newPage && (section == other.section || *section == *other.section);
+}
+
 std::string plainText(const Paragraph& paragraph) {
   std::string text;
   for (const Run& run : paragraph.runs)

@@ -28,12 +28,14 @@ struct TextFont {
 };
 
 enum class Script { Normal, Super, Sub };
+enum class Capitals { AsWritten, All, Small };
 
 struct TextStyle {
   TextFont font;  ///< as written; super- and subscript are laid out smaller
   bool underline = false;
   bool strike = false;
   Script script = Script::Normal;
+  Capitals capitals = Capitals::AsWritten;  ///< how the letters are drawn; the text keeps them as they were typed
   Colour colour;
   std::optional<Colour> highlight;
   bool operator==(const TextStyle&) const = default;
@@ -47,6 +49,7 @@ struct Picture {
   std::string bytes;
   int width = 0, height = 0;
   double cropLeft = 0, cropTop = 0, cropRight = 0, cropBottom = 0;  ///< parts of the whole (0 to 1) that are not shown
+  bool operator==(const Picture&) const = default;
 };
 
 /// A number that is known only when the pages are made.
@@ -59,6 +62,8 @@ struct Run {
   std::string text;
   LiveField live = LiveField::None;
   std::shared_ptr<const Picture> picture;
+  /// Pictures are equal when they show the same.
+  bool operator==(const Run& other) const;
 };
 
 enum class Alignment { Left, Center, Right, Justify };
@@ -74,6 +79,12 @@ struct TabStop {
 
 enum class LineRule { Multiple, AtLeast, Exact };
 
+struct Border {
+  int width = 0;  ///< 0: none
+  Colour colour;
+  bool operator==(const Border&) const = default;
+};
+
 struct ParagraphStyle {
   Alignment alignment = Alignment::Left;
   int left = 0, right = 0;    ///< indents
@@ -83,6 +94,11 @@ struct ParagraphStyle {
   int line = 240;             ///< Multiple: 240ths of the line's own height; else twips
   std::vector<TabStop> tabs;  ///< in order of position
   bool pageBreakBefore = false;
+  bool keepTogether = false;  ///< its lines stand on one page
+  bool keepWithNext = false;  ///< stands on the page of the next paragraph's first line
+  Border top, leftBorder, bottom, rightBorder;
+  int borderSpace = 0;  ///< between the text and its borders
+  std::optional<Colour> shade;
   bool operator==(const ParagraphStyle&) const = default;
 };
 
@@ -90,12 +106,7 @@ struct Paragraph {
   ParagraphStyle style;
   std::vector<Run> runs;
   TextStyle end;  ///< the style of the paragraph's end: what gives an empty paragraph its height
-};
-
-struct Border {
-  int width = 0;  ///< 0: none
-  Colour colour;
-  bool operator==(const Border&) const = default;
+  bool operator==(const Paragraph&) const = default;
 };
 
 enum class VerticalPlace { Top, Middle, Bottom };
@@ -107,19 +118,22 @@ struct Cell {
   std::optional<Colour> shade;
   bool continuesAbove = false;  ///< merged into the cell above it
   std::vector<Paragraph> paragraphs;
+  bool operator==(const Cell&) const = default;
 };
 
 /// A row of a table. Rows that follow one another make the table.
 struct TableRow {
-  int left = 0;     ///< the left edge of the first cell, from the left edge of the text area
-  int padding = 0;  ///< between a cell's edge and its text, left and right
-  int height = 0;   ///< at least; negative: exactly
+  int left = 0;            ///< the left edge of the first cell, from the left edge of the text area
+  int padding = 0;         ///< between a cell's edge and its text, left and right
+  int height = 0;          ///< at least; negative: exactly
+  bool isHeading = false;  ///< of its table: stands again on each page that the table reaches
   std::vector<Cell> cells;
+  bool operator==(const TableRow&) const = default;
 };
 
-struct PageBreak {};
-
-using Block = std::variant<Paragraph, TableRow, PageBreak>;
+struct PageBreak {
+  bool operator==(const PageBreak&) const = default;
+};
 
 /// What the file says of its paper; nothing where it says nothing.
 struct PageSetup {
@@ -129,15 +143,35 @@ struct PageSetup {
   int headerDistance = 720, footerDistance = 720;  ///< from the paper's edge
 
   bool statesMargins() const { return left || top || right || bottom; }
+  bool operator==(const PageSetup&) const = default;
 };
 
-struct Document {
+/// Pages of one paper with the same headers and footers. A kind of page that differs and has no header shows none.
+struct Section {
   PageSetup page;
-  int defaultTab = 720;
   std::vector<Paragraph> header, footer;
   bool firstPageDiffers = false;
   std::vector<Paragraph> firstHeader, firstFooter;
+  bool leftPagesDiffer = false;  ///< those of even numbers
+  std::vector<Paragraph> leftHeader, leftFooter;
+  std::optional<int> firstNumber;  ///< of its pages; nothing: they are counted on
+  bool operator==(const Section&) const = default;
+};
+
+/// The text behind it belongs to another section.
+struct SectionBreak {
+  std::shared_ptr<const Section> section;  ///< never null
+  bool newPage = true;                     ///< false: goes on on the same page where the paper allows it
+  bool operator==(const SectionBreak& other) const;
+};
+
+using Block = std::variant<Paragraph, TableRow, PageBreak, SectionBreak>;
+
+/// A whole letter. The section that it is itself reaches to the first section break of its body.
+struct Document : Section {
+  int defaultTab = 720;
   std::vector<Block> body;
+  bool operator==(const Document&) const = default;
 };
 
 /// The text of a paragraph, and of a whole body, a line a paragraph; cells are separated by tabs. Live numbers and

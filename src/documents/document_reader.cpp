@@ -8,6 +8,7 @@
 #include "documents/rtf_decoder.h"
 #include "documents/rtf_look.h"
 #include "documents/rtf_picture.h"
+#include "documents/rtf_sections.h"
 #include "documents/rtf_table.h"
 
 namespace zelvo {
@@ -16,6 +17,9 @@ namespace {
 
 using Destination = RtfDestination;
 
+// Groups of letters lie twenty deep; those of a broken file need not keep their looks apart.
+constexpr std::size_t kDeepest = 10000;
+
 // The signs of the symbol fonts that letters use, mostly in front of list entries. Other computers lack those fonts.
 char32_t signOf(char32_t code) {
   static const std::unordered_map<char32_t, char32_t> signs = {
@@ -23,10 +27,6 @@ char32_t signOf(char32_t code) {
       {0xD8, 0x27A2}, {0x76, 0x2756}, {0x6C, 0x25CF}, {0x6E, 0x25A0}, {0x71, 0x2751}, {0xE0, 0x2192}, {0xF0, 0x21E8}};
   const auto sign = signs.find(code);
   return sign == signs.end() ? code : sign->second;
-}
-
-bool isShown(Destination destination) {
-  return isText(destination) && destination != Destination::LeftPage;
 }
 
 LiveField liveFieldOf(std::string_view instruction) {
@@ -38,7 +38,7 @@ LiveField liveFieldOf(std::string_view instruction) {
 
 class Reader : public RtfSink {
  public:
-  explicit Reader(const RtfFonts& fonts) : fonts_(fonts), table_(colours_) {}
+  explicit Reader(const RtfFonts& fonts) : fonts_(fonts), sections_(document_), table_(colours_) {}
 
   Document finish() {
     for (auto& [flow, current] : flows_)
@@ -54,7 +54,7 @@ class Reader : public RtfSink {
       return takeColourEnd(character);
     if (state.destination == Destination::FieldInstruction)
       return appendCharacter(instruction_, character);
-    if (!isShown(state.destination) || state.hidden || character == 0x00AD)
+    if (!isText(state.destination) || state.hidden || character == 0x00AD)
       return;
     if (look_.inLiveResult)
       return addLive(state);
@@ -71,23 +71,28 @@ class Reader : public RtfSink {
       return takePictureWord(token);
     if (state.destination == Destination::ColourTable)
       return takeColourWord(token);
-    if (state.destination == Destination::FieldInstruction || !isShown(state.destination))
+    if (state.destination == Destination::FieldInstruction || !isText(state.destination))
       return;
     if (look_.text.take(token))
       return;
-    if (!look_.paragraph.take(token) && !takeBreak(token.word, state) && !takeField(token.word, state) &&
+    if (!look_.paragraph.take(token, colours_) && !takeBreak(token.word, state) && !takeField(token.word, state) &&
         (state.destination != Destination::Body || !table_.take(token)))
-      takePage(token);
+      sections_.take(token);
   }
 
   void open(const RtfState& state) override {
     sameRun_ = false;
     font_ = state.font;
-    outer_.push_back(look_);
+    if (outer_.size() < kDeepest)
+      outer_.push_back(look_);
+    else
+      ++tooDeep_;
   }
 
   void close(const RtfState& state) override {
     sameRun_ = false;
+    if (tooDeep_ > 0)
+      return static_cast<void>(--tooDeep_);
     if (outer_.empty())
       return;
     // The last paragraph of a letter often has no end of its own; it keeps the look in force there.
@@ -144,6 +149,7 @@ class Reader : public RtfSink {
     destinations_[state.flow] = state.destination;
     flow_ = state.flow;
     look_ = Look{};
+    sections_.beginHeader(state.destination);
   }
 
   void leaveFlow(const RtfState& state) {
@@ -177,12 +183,7 @@ class Reader : public RtfSink {
     const bool isPrivate = character >= 0xF020 && character <= 0xF0FF;
     if (isPrivate || (character != U'\t' && font != fonts_.byNumber.end() && font->second.symbol))
       character = signOf(isPrivate ? character - 0xF000 : character);
-    std::string& text = current(state).runs.back().text;
-    if (!look_.text.capitals)
-      return appendCharacter(text, character);
-    std::string letter;
-    appendCharacter(letter, character);
-    text += upper(letter);
+    appendCharacter(current(state).runs.back().text, character);
   }
 
   void addPiece(const RtfState& state, Run run) {
@@ -192,7 +193,7 @@ class Reader : public RtfSink {
   }
 
   void addLive(const RtfState& state) {
-    if (live_ != LiveField::None && isShown(state.destination))
+    if (live_ != LiveField::None && isText(state.destination))
       addPiece(state, {{}, {}, live_, nullptr});
     live_ = LiveField::None;
   }
@@ -200,7 +201,7 @@ class Reader : public RtfSink {
   void addPicture(const RtfState& state) {
     inPicture_ = false;
     auto picture = picture_.finish();
-    if (picture && isShown(state.destination))
+    if (picture && isText(state.destination))
       addPiece(state, {{}, {}, LiveField::None, std::move(picture)});
   }
 
@@ -228,8 +229,6 @@ class Reader : public RtfSink {
       breakPage(state);
     else if (word == "sect")
       endSection(state);
-    else if (word == "sbknone")
-      joinSections();
     else
       return false;
     return true;
@@ -248,7 +247,6 @@ class Reader : public RtfSink {
   void endRow() {
     if (table_.isOpen())
       document_.body.emplace_back(table_.endRow());
-    sectionBreak_ = false;
   }
 
   void breakPage(const RtfState& state) {
@@ -257,25 +255,16 @@ class Reader : public RtfSink {
     if (!current(state).runs.empty())
       endParagraph(state.flow);
     document_.body.emplace_back(PageBreak{});
-    sectionBreak_ = false;
   }
 
   void endSection(const RtfState& state) {
     if (state.destination != Destination::Body)
       return;
-    endParagraph(state.flow);
-    if (table_.isOpen())
-      endRow();
-    document_.body.emplace_back(PageBreak{});
-    sectionBreak_ = true;
-    ++sections_;
-  }
-
-  // The section that begins here goes on on the same page; it says so only behind its beginning.
-  void joinSections() {
-    if (sectionBreak_)
-      document_.body.pop_back();
-    sectionBreak_ = false;
+    // Right behind a table there is no paragraph to end.
+    if (!look_.paragraph.inTable || table_.isOpen() || !current(state).runs.empty())
+      endParagraph(state.flow);
+    endRow();
+    sections_.begin(document_.body);
   }
 
   Paragraph takeParagraph(std::uint32_t flow) {
@@ -294,17 +283,17 @@ class Reader : public RtfSink {
     if (destination == Destination::Body) {
       addToBody(std::move(paragraph));
       addAsides();
-    } else if (std::vector<Paragraph>* list = listOf(destination)) {
+    } else if (destination == Destination::Aside) {
+      asides_.push_back(std::move(paragraph));
+    } else if (std::vector<Paragraph>* list = sections_.listOf(destination)) {
       list->push_back(std::move(paragraph));
     }
   }
 
   void addToBody(Paragraph paragraph) {
-    sectionBreak_ = false;
     if (look_.paragraph.inTable)
       return table_.add(std::move(paragraph));
-    if (table_.isOpen())
-      endRow();
+    endRow();
     document_.body.emplace_back(std::move(paragraph));
   }
 
@@ -314,41 +303,18 @@ class Reader : public RtfSink {
       addToBody(std::move(aside));
   }
 
-  // The headers of the first section hold for the whole letter.
-  std::vector<Paragraph>* listOf(Destination destination) {
-    if (destination == Destination::Aside)
-      return &asides_;
-    if (sections_ > 0)
-      return nullptr;
-    switch (destination) {
-      case Destination::Header:
-        return &document_.header;
-      case Destination::Footer:
-        return &document_.footer;
-      case Destination::FirstHeader:
-        return &document_.firstHeader;
-      case Destination::FirstFooter:
-        return &document_.firstFooter;
-      default:
-        return nullptr;
-    }
-  }
-
-  void takePage(const RtfToken& token) {
-    if (sections_ == 0)
-      takePageWord(token, document_);
-  }
-
   const RtfFonts& fonts_;
   RtfColours colours_;
   std::optional<Colour> colour_;  // being read
   Document document_;
+  RtfSections sections_;
   RtfTable table_;
   RtfPicture picture_;
   bool inPicture_ = false;
   Look look_;
   int font_ = 0;
   std::vector<Look> outer_;
+  std::size_t tooDeep_ = 0;                   // open groups beyond
   std::map<std::uint32_t, Paragraph> flows_;  // the paragraph being read of each
   std::map<std::uint32_t, Destination> destinations_;
   std::uint32_t flow_ = 0;
@@ -356,9 +322,7 @@ class Reader : public RtfSink {
   std::string instruction_;  // of the field being read
   LiveField live_ = LiveField::None;
   std::size_t fieldDepth_ = 0;
-  bool sameRun_ = false;       // nothing came since the last character that could change its style
-  bool sectionBreak_ = false;  // the last block is the page break of a section
-  int sections_ = 0;
+  bool sameRun_ = false;  // nothing came since the last character that could change its style
 };
 
 }  // namespace

@@ -49,7 +49,7 @@ bool endsInOpenWord(std::string_view rtf) {
 LetterText::LetterText(std::string_view rtf) : rtf_(rtf) {
   decodeRtf(rtf, fonts_, *this);
   openParagraphs_.clear();
-  dropParagraphsWithoutCodes();
+  std::erase_if(paragraphs_, [](const Paragraph& paragraph) { return !mayHoldCodes(paragraph); });
 }
 
 void LetterText::character(char32_t character, RtfSpan span, const RtfState& state) {
@@ -64,14 +64,19 @@ void LetterText::character(char32_t character, RtfSpan span, const RtfState& sta
 }
 
 void LetterText::word(const RtfToken& token, const RtfState& state) {
-  if (endsParagraph(token.word))
-    openParagraphs_.erase(state.flow);
+  if (!endsParagraph(token.word))
+    return;
+  const auto ended = openParagraphs_.find(state.flow);
+  if (ended == openParagraphs_.end())
+    return;
+  if (ended->second + 1 == paragraphs_.size() && !mayHoldCodes(paragraphs_.back()))
+    paragraphs_.pop_back();
+  openParagraphs_.erase(ended);
 }
 
-// Values only come where a code was, so a paragraph without the beginning of one never holds any.
-void LetterText::dropParagraphsWithoutCodes() {
-  std::erase_if(paragraphs_,
-                [](const Paragraph& paragraph) { return paragraph.text.find_first_of(U"%#") == std::u32string::npos; });
+// Values only come where a code was, so a paragraph without the beginning of one never holds any and is not kept.
+bool LetterText::mayHoldCodes(const Paragraph& paragraph) {
+  return paragraph.text.find_first_of(U"%#") != std::u32string::npos;
 }
 
 bool LetterText::has(std::string_view code) const {

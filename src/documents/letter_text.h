@@ -54,7 +54,7 @@ class LetterText : private RtfSink {
   void word(const RtfToken& token, const RtfState& state) override;
   bool replaceAllWith(std::string_view code, const std::u32string& value, std::uint32_t piece);
   void replaceIn(Paragraph& paragraph, std::u32string_view code, const std::u32string& value, std::uint32_t piece);
-  void dropParagraphsWithoutCodes();
+  static bool mayHoldCodes(const Paragraph& paragraph);
   void addInsertions(const Paragraph& paragraph, std::vector<Edit>& edits) const;
   std::vector<Edit> edits() const;
 

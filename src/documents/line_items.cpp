@@ -34,6 +34,8 @@ class Cutter {
   Cutter(LineItems& result, const FontMeasure& fonts) : result_(result), fonts_(fonts) {}
 
   void add(const Run& run, const LineArea& area) {
+    if (run.style.capitals == Capitals::Small && !run.picture)
+      return addSmallCapitals(run);
     result_.looks.push_back(lookOf(run.style, fonts_));
     if (run.picture) {
       addItem(ItemKind::Picture, {}, pictureWidth(*run.picture, area), true);
@@ -41,11 +43,34 @@ class Cutter {
     } else if (run.live != LiveField::None) {
       cut(area.live(run.live));
     } else {
-      cut(run.text);
+      cut(run.style.capitals == Capitals::All ? upper(run.text) : run.text);
     }
   }
 
  private:
+  // What was typed in small letters stands in smaller capitals.
+  void addSmallCapitals(const Run& run) {
+    std::string small, other;
+    const auto end = [&](std::string& text, double part) {
+      if (text.empty())
+        return;
+      TextStyle style = run.style;
+      style.font.points *= part;
+      result_.looks.push_back(lookOf(style, fonts_));
+      cut(std::exchange(text, {}));
+    };
+    for (std::size_t position = 0; position < run.text.size();) {
+      const std::size_t begin = position;
+      nextCharacter(run.text, position);
+      const std::string letter = run.text.substr(begin, position - begin);
+      const bool isSmall = upper(letter) != letter;
+      end(isSmall ? other : small, isSmall ? 1 : 0.8);
+      (isSmall ? small : other) += upper(letter);
+    }
+    end(small, 0.8);
+    end(other, 1);
+  }
+
   void cut(std::string_view text) {
     for (std::size_t position = 0; position < text.size();) {
       const char32_t character = nextCharacter(text, position);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
+#include <utility>
 
 #include "documents/line_items.h"
 
@@ -62,7 +64,12 @@ class Filler {
     next = end + (atBreak ? 1 : 0);
     if (end == begin && atBreak)
       emptyLook_ = items()[begin].look;
-    return compose(begin, end, wrapped);
+    Line line = compose(begin, end, wrapped);
+    if (rest_) {
+      items()[end - 1] = *std::exchange(rest_, std::nullopt);
+      next = end - 1;
+    }
+    return line;
   }
 
   // Behind the last item that the line takes; `wrapped` when there is more of the paragraph that did not fit.
@@ -103,8 +110,7 @@ class Filler {
     rest.width = fonts_.advance(font, rest.text);
     items()[i].text = head;
     items()[i].width = fonts_.advance(font, head);
-    items()[i].mayBreakBehind = true;
-    items().insert(items().begin() + static_cast<std::ptrdiff_t>(i) + 1, std::move(rest));
+    rest_ = std::move(rest);
     return i + 1;
   }
 
@@ -295,6 +301,7 @@ class Filler {
   LineItems parts_;
   double left_ = 0, limit_ = 0;
   std::vector<Segment> segments_;
+  std::optional<LineItem> rest_;  // of the word that the line ends in the middle of
   double spread_ = 0;
   std::size_t lastLook_ = std::numeric_limits<std::size_t>::max();
   std::size_t emptyLook_ = std::numeric_limits<std::size_t>::max();

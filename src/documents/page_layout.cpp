@@ -2,61 +2,19 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <utility>
 
 #include "documents/line_layout.h"
+#include "documents/page_frame.h"
 #include "documents/page_painter.h"
+#include "documents/paragraph_stack.h"
 
 namespace zelvo {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-constexpr double kSmallestArea = 1440;  // an inch of text, whatever the margins say
 constexpr double kHair = 0.01;
-constexpr double kUnbounded = 1e12;
-
-struct Frame {
-  double width = 12240, height = 15840;
-  double left = 0, top = 0, right = 0, bottom = 0;
-  double textWidth() const { return width - left - right; }
-  double textHeight() const { return height - top - bottom; }
-};
-
-bool isPaper(const std::optional<int>& length) {
-  return length && *length >= 2 * kSmallestArea;
-}
-
-void setMargins(Frame& frame, const PageSetup& page, const PrintOptions& options) {
-  if (options.marginsSet || !page.statesMargins()) {
-    frame.left = options.left * kTwipsPerInch;
-    frame.top = options.top * kTwipsPerInch;
-    frame.right = options.right * kTwipsPerInch;
-    frame.bottom = options.bottom * kTwipsPerInch;
-    return;
-  }
-  // What such a file leaves out has the values that rich text gives it.
-  frame.left = page.left.value_or(1800);
-  frame.right = page.right.value_or(1800);
-  frame.top = std::abs(page.top.value_or(1440));
-  frame.bottom = std::abs(page.bottom.value_or(1440));
-}
-
-Frame frameOf(const Document& document, const PrintOptions& options) {
-  Frame frame;
-  if (isPaper(document.page.width) && isPaper(document.page.height)) {
-    frame.width = *document.page.width;
-    frame.height = *document.page.height;
-  }
-  if ((document.page.landscape || options.landscape) && frame.width < frame.height)
-    std::swap(frame.width, frame.height);
-  setMargins(frame, document.page, options);
-  frame.left = std::clamp(frame.left, 0.0, frame.width - kSmallestArea);
-  frame.right = std::clamp(frame.right, 0.0, frame.width - kSmallestArea - frame.left);
-  frame.top = std::clamp(frame.top, 0.0, frame.height - kSmallestArea);
-  frame.bottom = std::clamp(frame.bottom, 0.0, frame.height - kSmallestArea - frame.top);
-  return frame;
-}
 
 bool holds(const std::vector<Run>& runs, LiveField field) {
   return std::any_of(runs.begin(), runs.end(), [field](const Run& run) { return run.live == field; });
@@ -78,26 +36,48 @@ bool bodyHolds(const Document& document, LiveField field) {
   });
 }
 
-/// A paragraph's lines one below the other, with its space above and below.
-struct PlacedLine {
-  Line line;
-  double top = 0;
+bool hasLeftPages(const Section& section) {
+  return section.leftPagesDiffer && !(section.leftHeader.empty() && section.leftFooter.empty());
+}
+
+/// What the pages of a letter know of themselves.
+struct PageFacts {
+  const Section* section = nullptr;
+  PageFrame frame;
+  int number = 1;
+  bool opensSection = false;
 };
 
-struct Stack {
-  std::vector<PlacedLine> lines;
-  double height = 0;
-};
+const ParagraphStyle* styleOf(const Block& block) {
+  const auto* paragraph = std::get_if<Paragraph>(&block);
+  return paragraph ? &paragraph->style : nullptr;
+}
+
+const std::vector<Paragraph>& headerOf(const PageFacts& page) {
+  const Section& section = *page.section;
+  if (page.opensSection && section.firstPageDiffers)
+    return section.firstHeader;
+  return hasLeftPages(section) && page.number % 2 == 0 ? section.leftHeader : section.header;
+}
+
+const std::vector<Paragraph>& footerOf(const PageFacts& page) {
+  const Section& section = *page.section;
+  if (page.opensSection && section.firstPageDiffers)
+    return section.firstFooter;
+  return hasLeftPages(section) && page.number % 2 == 0 ? section.leftFooter : section.footer;
+}
 
 class Layout {
  public:
   Layout(const Document& document, const PrintOptions& options, const FontMeasure& fonts, std::size_t pageCount)
-      : document_(document), fonts_(fonts), frame_(frameOf(document, options)), pageCount_(pageCount) {}
+      : document_(document), options_(options), fonts_(fonts), pageCount_(pageCount) {
+    enterSection(document);
+  }
 
   PagedDocument run() {
     result_.width = frame_.width;
     result_.height = frame_.height;
-    openPage();
+    openPage(true);
     for (std::size_t i = 0; i < document_.body.size(); ++i)
       place(i);
     pageCount_ = result_.pages.size();
@@ -109,103 +89,187 @@ class Layout {
  private:
   Page& page() { return result_.pages.back(); }
 
-  std::string live(LiveField field, std::size_t pageNumber) const {
-    return std::to_string(field == LiveField::PageNumber ? pageNumber : pageCount_);
+  void enterSection(const Section& section) {
+    section_ = &section;
+    frame_ = frameOf(section.page, options_);
   }
 
-  LineArea area(double width, double height, std::size_t pageNumber) const {
+  std::string live(LiveField field, int pageNumber) const {
+    return std::to_string(field == LiveField::PageNumber ? pageNumber : static_cast<int>(pageCount_));
+  }
+
+  LineArea area(double width, double height, int pageNumber) const {
     return {width, height, document_.defaultTab,
             [this, pageNumber](LiveField field) { return live(field, pageNumber); }};
   }
 
-  bool isFirst(std::size_t pageIndex) const { return pageIndex == 0 && document_.firstPageDiffers; }
-  const std::vector<Paragraph>& header(std::size_t pageIndex) const {
-    return isFirst(pageIndex) ? document_.firstHeader : document_.header;
-  }
-  const std::vector<Paragraph>& footer(std::size_t pageIndex) const {
-    return isFirst(pageIndex) ? document_.firstFooter : document_.footer;
-  }
-
-  Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& lineArea) const {
-    Stack stack;
-    for (const Paragraph& paragraph : paragraphs) {
-      stack.height += paragraph.style.before;
-      for (Line& line : layOutLines(paragraph, lineArea, fonts_)) {
-        const double height = line.height;
-        stack.lines.push_back({std::move(line), stack.height});
-        stack.height += height;
-      }
-      stack.height += paragraph.style.after;
+  // A header or footer as it stands on a page. Most say the same on every page and are laid out once. What does not go
+  // on the paper is left out: a broken file may have a header of a thousand lines on each of a thousand pages.
+  const Stack& marginStack(const std::vector<Paragraph>& paragraphs, const PageFacts& facts) {
+    const bool lives = std::any_of(paragraphs.begin(), paragraphs.end(), [](const Paragraph& paragraph) {
+      return holds(paragraph.runs, LiveField::PageNumber) || holds(paragraph.runs, LiveField::PageCount);
+    });
+    Stack& stack = lives ? liveStack_ : marginStacks_[&paragraphs];
+    if (lives || stack.width != facts.frame.textWidth()) {
+      const LineArea lineArea = area(facts.frame.textWidth(), facts.frame.textHeight(), facts.number);
+      stack = stackOf(paragraphs, lineArea, fonts_, facts.frame.height);
+      stack.width = facts.frame.textWidth();
+      const auto tooLow = [&](const auto& placed) { return placed.top > facts.frame.height; };
+      std::erase_if(stack.lines, tooLow);
+      std::erase_if(stack.boxes, tooLow);
+      stack.height = std::min(stack.height, facts.frame.height);
     }
     return stack;
   }
 
-  LineArea marginArea(std::size_t pageNumber) const {
-    return area(frame_.textWidth(), frame_.textHeight(), pageNumber);
-  }
-
   // A header or footer that is higher than its margin pushes the text out of its way.
-  void openPage() {
+  void openPage(bool opensSection = false) {
+    PageFacts facts{section_, frame_, facts_.empty() ? 1 : facts_.back().number + 1, opensSection};
+    if (opensSection && section_->firstNumber)
+      facts.number = *section_->firstNumber;
+    facts_.push_back(facts);
     result_.pages.emplace_back();
-    const std::size_t index = result_.pages.size() - 1;
-    const double above = stackOf(header(index), marginArea(1)).height;
-    const double below = stackOf(footer(index), marginArea(1)).height;
-    top_ = std::max(frame_.top, above > 0 ? document_.page.headerDistance + above : 0);
+    page().width = frame_.width;
+    page().height = frame_.height;
+    const double above = marginStack(headerOf(facts), facts).height;
+    const double below = marginStack(footerOf(facts), facts).height;
+    top_ = std::max(frame_.top, above > 0 ? section_->page.headerDistance + above : 0);
     top_ = std::min(top_, frame_.height - kSmallestArea);
-    bottom_ = frame_.height - std::max(frame_.bottom, below > 0 ? document_.page.footerDistance + below : 0);
+    bottom_ = frame_.height - std::max(frame_.bottom, below > 0 ? section_->page.footerDistance + below : 0);
     bottom_ = std::max(bottom_, top_ + kSmallestArea);
     y_ = top_;
     untouched_ = true;
   }
 
   void addHeaderAndFooter(std::size_t index) {
-    const Stack above = stackOf(header(index), marginArea(index + 1));
-    const Stack below = stackOf(footer(index), marginArea(index + 1));
-    paint(result_.pages[index], above, document_.page.headerDistance);
-    paint(result_.pages[index], below, frame_.height - document_.page.footerDistance - below.height);
+    const PageFacts& facts = facts_[index];
+    paint(result_.pages[index], marginStack(headerOf(facts), facts), facts.frame, facts.section->page.headerDistance);
+    const Stack& below = marginStack(footerOf(facts), facts);
+    paint(result_.pages[index], below, facts.frame,
+          facts.frame.height - facts.section->page.footerDistance - below.height);
   }
 
-  void paint(Page& onto, const Stack& stack, double y) const {
+  void paint(Page& onto, const Stack& stack, const PageFrame& frame, double y) const {
+    for (const PlacedBox& box : stack.boxes)
+      paintBox(onto, box, frame.left, frame.textWidth(), y);
     for (const PlacedLine& placed : stack.lines)
-      paintLine(onto, placed.line, frame_.left, y + placed.top, fonts_);
+      paintLine(onto, placed.line, frame.left, y + placed.top, fonts_);
   }
 
   void place(std::size_t index) {
     const Block& block = document_.body[index];
-    if (const auto* paragraph = std::get_if<Paragraph>(&block)) {
-      placeParagraph(*paragraph);
+    if (std::holds_alternative<Paragraph>(block)) {
+      keepInPlace(index);
+      placeParagraph(index);
     } else if (const auto* row = std::get_if<TableRow>(&block)) {
-      const bool more = index + 1 < document_.body.size();
-      placeRow(*row, more ? std::get_if<TableRow>(&document_.body[index + 1]) : nullptr);
+      if (index == 0 || !rowAt(index - 1))
+        firstRow_ = index;
+      placeRow(*row, index);
+    } else if (const auto* next = std::get_if<SectionBreak>(&block)) {
+      placeSection(*next);
     } else {
       openPage();
     }
   }
 
+  // On the same page the text goes on between the new margins; another paper begins with a page of its own.
+  void placeSection(const SectionBreak& next) {
+    const PageFrame before = frame_;
+    enterSection(*next.section);
+    if (next.newPage || !frame_.samePaper(before))
+      openPage(true);
+  }
+
   bool fits(double height) const { return untouched_ || y_ + height <= bottom_ + kHair; }
 
-  void placeParagraph(const Paragraph& paragraph) {
-    if (paragraph.style.pageBreakBefore && !untouched_)
+  double heightOf(const Paragraph& paragraph) const {
+    Stack stack;
+    addToStack(stack, paragraph, nullptr, nullptr, pageArea(), fonts_);
+    return stack.height;
+  }
+
+  double leastHeightOf(const Block& block) const {
+    if (const auto* row = std::get_if<TableRow>(&block))
+      return heightOf(*row, openCells(*row));
+    const auto* paragraph = std::get_if<Paragraph>(&block);
+    if (!paragraph)
+      return 0;
+    if (paragraph->style.keepTogether)
+      return heightOf(*paragraph);
+    return paragraph->style.before + linesOf(*paragraph).front().height;
+  }
+
+  // A heading does not stay behind at the foot of a page. Chains of more paragraphs than a page holds are no headings.
+  void keepInPlace(std::size_t index) {
+    constexpr std::size_t longestChain = 20;
+    const ParagraphStyle& style = *styleOf(document_.body[index]);
+    if (untouched_ || index < keptTo_ || !(style.keepWithNext || style.keepTogether))
+      return;
+    double height = 0;
+    std::size_t last = index;
+    for (; last - index < longestChain && last + 1 < document_.body.size(); ++last) {
+      const auto* paragraph = std::get_if<Paragraph>(&document_.body[last]);
+      if (!paragraph || !paragraph->style.keepWithNext)
+        break;
+      height += heightOf(*paragraph);
+    }
+    height += leastHeightOf(document_.body[last]);
+    keptTo_ = last;
+    if (!fits(height) && height <= bottom_ - top_)
       openPage();
-    y_ += paragraph.style.before;
+  }
+
+  void placeParagraph(std::size_t index) {
+    const auto& paragraph = std::get<Paragraph>(document_.body[index]);
+    const ParagraphStyle& style = paragraph.style;
+    if (style.pageBreakBefore && !untouched_)
+      openPage();
+    PlacedBox box{&style, y_, 0, !shareBox(&style, neighbour(index, -1)), !shareBox(&style, neighbour(index, 1))};
+    y_ += style.before;
+    if (box.withTop) {
+      box.top = y_;
+      y_ += edgeRoom(style, style.top);
+    }
     std::vector<Line> lines = linesOf(paragraph);
     if (!fits(lines.front().height)) {
       openPage();
+      box.top = y_;
       lines = linesOf(paragraph);  // a page number in it is another one now
     }
     for (const Line& line : lines)
-      placeLine(line);
-    y_ += paragraph.style.after;
+      placeLine(line, box);
+    y_ += box.withBottom ? edgeRoom(style, style.bottom) : 0;
+    endBox(box, y_ + (box.withBottom ? 0 : style.after));
+    y_ += style.after;
   }
 
-  std::vector<Line> linesOf(const Paragraph& paragraph) const {
-    return layOutLines(paragraph, area(frame_.textWidth(), bottom_ - top_, result_.pages.size()), fonts_);
+  const ParagraphStyle* neighbour(std::size_t index, int step) const {
+    const std::size_t other = index + static_cast<std::size_t>(step);
+    return other < document_.body.size() ? styleOf(document_.body[other]) : nullptr;
   }
 
-  void placeLine(const Line& line) {
-    if (!fits(line.height))
+  void endBox(PlacedBox& box, double bottom) {
+    box.bottom = bottom;
+    if (hasBox(*box.style))
+      paintBox(page(), box, frame_.left, frame_.textWidth(), 0);
+    box.withTop = false;
+  }
+
+  LineArea pageArea() const { return area(frame_.textWidth(), bottom_ - top_, facts_.back().number); }
+
+  std::vector<Line> linesOf(const Paragraph& paragraph) const { return layOutLines(paragraph, pageArea(), fonts_); }
+
+  void placeLine(const Line& line, PlacedBox& box) {
+    if (!fits(line.height)) {
+      PlacedBox part = box;
+      part.withBottom = false;
+      endBox(part, y_);
       openPage();
+      box.top = y_;
+      box.withTop = false;
+    }
     y_ = std::min(y_, bottom_ - line.height);  // whatever space is asked for, the text stands on the paper
+    box.top = std::min(box.top, y_);
     paintLine(page(), line, frame_.left, y_, fonts_);
     y_ += line.height;
     untouched_ = false;
@@ -231,7 +295,8 @@ class Layout {
     double left = row.left;
     for (const Cell& cell : row.cells) {
       const double width = std::max(100.0, cell.right - left - 2.0 * row.padding);
-      cells.push_back({&cell, left, stackOf(cell.paragraphs, area(width, bottom_ - top_, result_.pages.size())), 0});
+      cells.push_back(
+          {&cell, left, stackOf(cell.paragraphs, area(width, bottom_ - top_, facts_.back().number), fonts_), 0});
       left = cell.right;
     }
     return cells;
@@ -249,11 +314,14 @@ class Layout {
   }
 
   // A row stays together when a page can hold it; a higher one is cut between its lines.
-  void placeRow(const TableRow& row, const TableRow* below) {
+  void placeRow(const TableRow& row, std::size_t index) {
+    const TableRow* below = rowAt(index + 1);
     std::vector<OpenCell> cells = openCells(row);
     double height = heightOf(row, cells);
     if (!untouched_ && y_ + height > bottom_ + kHair) {
       openPage();
+      if (!row.isHeading)
+        repeatHeadings(index);
       cells = openCells(row);
     }
     while (y_ + height > bottom_ + kHair) {
@@ -267,6 +335,23 @@ class Layout {
     untouched_ = false;
   }
 
+  const TableRow* rowAt(std::size_t index) const {
+    return index < document_.body.size() ? std::get_if<TableRow>(&document_.body[index]) : nullptr;
+  }
+
+  // The heading rows of the table that the row belongs to, unless they would fill the page.
+  void repeatHeadings(std::size_t index) {
+    constexpr std::size_t mostHeadings = 10;
+    for (std::size_t i = firstRow_; i < std::min(index, firstRow_ + mostHeadings) && rowAt(i)->isHeading; ++i) {
+      std::vector<OpenCell> cells = openCells(*rowAt(i));
+      const double height = heightOf(*rowAt(i), cells);
+      if (y_ + height > top_ + (bottom_ - top_) / 2)
+        return;
+      placeSlice(*rowAt(i), cells, height, nullptr, true);
+      y_ += height;
+    }
+  }
+
   // True when some lines were placed, so that cutting comes to an end.
   bool placeSlice(const TableRow& row, std::vector<OpenCell>& cells, double height, const TableRow* below, bool whole) {
     bool placed = false;
@@ -276,21 +361,31 @@ class Layout {
                             !open.cell->continuesAbove,     !continuesBelow(*open.cell, below)};
       paintCell(page(), *open.cell, frame);
       const double down = whole ? spaceAbove(open, height) : 0;
-      if (placeLines(open, frame.left + row.padding, y_ + down, whole ? kUnbounded : height))
+      if (placeLines(open, {frame.left + row.padding, y_ + down, frame.right - row.padding, 0},
+                     whole ? kUnbounded : height))
         placed = true;
     }
     return placed;
   }
 
-  // The lines of a cell that fit into the room below y.
-  bool placeLines(OpenCell& open, double x, double y, double room) {
+  // The lines of a cell that fit into the room below the place's top.
+  bool placeLines(OpenCell& open, const CellFrame& place, double room) {
     const std::size_t first = open.next;
     const double begin = open.done();
     for (; open.next < open.stack.lines.size(); ++open.next) {
       const PlacedLine& placed = open.stack.lines[open.next];
       if (placed.top - begin + placed.line.height > room + kHair)
         break;
-      paintLine(page(), placed.line, x, y + placed.top - begin, fonts_);
+      paintLine(page(), placed.line, place.left, place.top + placed.top - begin, fonts_);
+    }
+    for (PlacedBox box : open.stack.boxes) {
+      const double end = open.done();
+      box.withTop = box.withTop && box.top >= begin;
+      box.withBottom = box.withBottom && box.bottom <= end;
+      box.top = std::max(box.top, begin);
+      box.bottom = std::min(box.bottom, end);
+      if (box.top < box.bottom)
+        paintBox(page(), box, place.left, place.right - place.left, place.top - begin);
     }
     return open.next > first;
   }
@@ -315,12 +410,19 @@ class Layout {
   }
 
   const Document& document_;
+  const PrintOptions& options_;
   const FontMeasure& fonts_;
-  const Frame frame_;
+  const Section* section_ = nullptr;
+  PageFrame frame_;
   std::size_t pageCount_;
   PagedDocument result_;
+  std::vector<PageFacts> facts_;                                 // of each page
+  std::map<const std::vector<Paragraph>*, Stack> marginStacks_;  // headers and footers that every page shows alike
+  Stack liveStack_;                                              // the other one made last
   double top_ = 0, bottom_ = 0, y_ = 0;
-  bool untouched_ = true;  // nothing stands on the page yet
+  bool untouched_ = true;     // nothing stands on the page yet
+  std::size_t keptTo_ = 0;    // the block up to which paragraphs were found to stay together
+  std::size_t firstRow_ = 0;  // of the table that is being placed
 };
 
 }  // namespace

@@ -45,14 +45,15 @@ struct PicturePiece {
 
 /// Painted in this order: shades, pictures, texts, rules.
 struct Page {
-  std::vector<FilledPiece> shades;  ///< behind the text
+  double width = 12240, height = 15840;  ///< of the paper as it is read: wider than high in landscape
+  std::vector<FilledPiece> shades;       ///< behind the text
   std::vector<PicturePiece> pictures;
   std::vector<TextPiece> texts;
   std::vector<FilledPiece> rules;  ///< underlines, strikes, borders
 };
 
 struct PagedDocument {
-  double width = 12240, height = 15840;  ///< of the paper as it is read: wider than high in landscape
+  double width = 12240, height = 15840;  ///< of the first page's paper
   std::vector<Page> pages;               ///< one at least
 };
 

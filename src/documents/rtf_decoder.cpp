@@ -16,9 +16,9 @@ const std::unordered_map<std::string_view, Destination>& destinations() {
       {"fonttbl", Destination::FontTable},    {"colortbl", Destination::ColourTable},
       {"stylesheet", Destination::Nothing},   {"info", Destination::Nothing},
       {"header", Destination::Header},        {"headerr", Destination::Header},
-      {"headerl", Destination::LeftPage},     {"headerf", Destination::FirstHeader},
+      {"headerl", Destination::LeftHeader},   {"headerf", Destination::FirstHeader},
       {"footer", Destination::Footer},        {"footerr", Destination::Footer},
-      {"footerl", Destination::LeftPage},     {"footerf", Destination::FirstFooter},
+      {"footerl", Destination::LeftFooter},   {"footerf", Destination::FirstFooter},
       {"footnote", Destination::Aside},       {"shptxt", Destination::Aside},
       {"dptxbxtext", Destination::Aside},     {"fldinst", Destination::FieldInstruction},
       {"pict", Destination::Picture},         {"nonshppict", Destination::Nothing},
@@ -368,7 +368,8 @@ class Decoder {
   }
 
   void deliver(char32_t character, RtfSpan span) {
-    if (character == 0)
+    const bool control = character < 0x20 ? character != U'\t' && character != U'\n' : character == 0x7F;
+    if (control)
       return;
     if (state_.destination == Destination::FontTable) {
       if (character != U';')
@@ -403,7 +404,8 @@ bool isText(RtfDestination destination) {
     case Destination::Footer:
     case Destination::FirstHeader:
     case Destination::FirstFooter:
-    case Destination::LeftPage:
+    case Destination::LeftHeader:
+    case Destination::LeftFooter:
     case Destination::Aside:
       return true;
     default:

@@ -19,8 +19,9 @@ enum class RtfDestination : std::uint8_t {
   Footer,
   FirstHeader,
   FirstFooter,
-  LeftPage,  ///< headers and footers of left pages
-  Aside,     ///< notes and text frames
+  LeftHeader,
+  LeftFooter,
+  Aside,  ///< notes and text frames
   FontTable,
   ColourTable,
   FieldInstruction,

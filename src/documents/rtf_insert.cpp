@@ -1,6 +1,7 @@
 #include "documents/rtf_insert.h"
 
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 #include "base/text.h"
@@ -103,14 +104,16 @@ class Inserter : public RtfSink {
     text_ += token.raw;
   }
 
-  int letterFont(int number) const {
+  // The letter's number of a font of the letterhead; -1: the letter does not have it.
+  int letterFont(int number) {
+    if (const auto known = letterFonts_.find(number); known != letterFonts_.end())
+      return known->second;
+    if (letterNames_.empty())
+      for (const auto& [letterNumber, font] : letter_.byNumber)
+        letterNames_.emplace(fold(font.name), letterNumber);
     const auto own = own_.byNumber.find(number);
-    if (own == own_.byNumber.end())
-      return -1;
-    for (const auto& [letterNumber, font] : letter_.byNumber)
-      if (alike(font.name, own->second.name))
-        return letterNumber;
-    return -1;
+    const auto same = own == own_.byNumber.end() ? letterNames_.end() : letterNames_.find(fold(own->second.name));
+    return letterFonts_[number] = same == letterNames_.end() ? -1 : same->second;
   }
 
   // Writes only what differs from what is in force; the first time all of it, since the letter may be bold here.
@@ -133,6 +136,8 @@ class Inserter : public RtfSink {
   Look look_;
   std::optional<Look> shown_;
   std::vector<Look> outer_;
+  std::unordered_map<std::string, int> letterNames_;
+  std::unordered_map<int, int> letterFonts_;  // by those of the letterhead
   bool inPicture_ = false;
   std::string ends_;  // of paragraphs and cells, not written yet: the last ones are not
   std::string text_;

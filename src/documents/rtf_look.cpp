@@ -3,42 +3,25 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string_view>
-#include <unordered_map>
 
 #include "base/text.h"
+#include "documents/rtf_words.h"
 
 namespace zelvo {
 
 namespace {
 
-template <class Target>
-using Words = std::unordered_map<std::string_view, void (*)(Target&, const RtfToken&)>;
-
-template <class Target>
-bool takeWord(const Words<Target>& words, Target& target, const RtfToken& token) {
-  const auto found = words.find(token.word);
-  if (found == words.end())
-    return false;
-  found->second(target, token);
-  return true;
-}
-
-// Lengths beyond ten metres are slips of a broken file, not wishes.
-int twips(const RtfToken& token) {
-  return std::clamp(token.parameterOr(0), -600000, 600000);
-}
-
-const Words<TextLook>& textWords() {
+const RtfWords<TextLook>& textWords() {
   using L = TextLook;
   using T = RtfToken;
-  static const Words<TextLook> words = {
+  static const RtfWords<TextLook> words = {
       {"plain", [](L& look, const T&) { look = TextLook{}; }},
       {"b", [](L& look, const T& token) { look.bold = token.on(); }},
       {"i", [](L& look, const T& token) { look.italic = token.on(); }},
       {"strike", [](L& look, const T& token) { look.strike = token.on(); }},
       {"striked", [](L& look, const T& token) { look.strike = token.on(); }},
-      {"caps", [](L& look, const T& token) { look.capitals = token.on(); }},
-      {"scaps", [](L& look, const T& token) { look.capitals = token.on(); }},
+      {"caps", [](L& look, const T& token) { look.capitals = token.on() ? Capitals::All : Capitals::AsWritten; }},
+      {"scaps", [](L& look, const T& token) { look.capitals = token.on() ? Capitals::Small : Capitals::AsWritten; }},
       {"super", [](L& look, const T& token) { look.script = token.on() ? Script::Super : Script::Normal; }},
       {"sub", [](L& look, const T& token) { look.script = token.on() ? Script::Sub : Script::Normal; }},
       {"nosupersub", [](L& look, const T&) { look.script = Script::Normal; }},
@@ -84,6 +67,7 @@ TextStyle TextLook::style(const RtfFont* font, const RtfColours& colours) const 
   style.underline = underline;
   style.strike = strike;
   style.script = script;
+  style.capitals = capitals;
   style.colour = colours.at(colour).value_or(Colour{});
   style.highlight = colours.at(highlight);
   return style;
@@ -95,22 +79,24 @@ struct ParagraphWords {
 
   static void align(L& look, Alignment alignment) { look.style.alignment = alignment; }
 
-  static const Words<ParagraphLook>& table() {
-    static const Words<ParagraphLook> words = {
+  static const RtfWords<ParagraphLook>& table() {
+    static const RtfWords<ParagraphLook> words = {
         {"pard", [](L& look, const T&) { look = ParagraphLook{}; }},
         {"intbl", [](L& look, const T&) { look.inTable = true; }},
         {"ql", [](L& look, const T&) { align(look, Alignment::Left); }},
         {"qc", [](L& look, const T&) { align(look, Alignment::Center); }},
         {"qr", [](L& look, const T&) { align(look, Alignment::Right); }},
         {"qj", [](L& look, const T&) { align(look, Alignment::Justify); }},
-        {"li", [](L& look, const T& token) { look.style.left = twips(token); }},
-        {"ri", [](L& look, const T& token) { look.style.right = twips(token); }},
-        {"fi", [](L& look, const T& token) { look.style.first = twips(token); }},
-        {"sb", [](L& look, const T& token) { look.style.before = std::max(0, twips(token)); }},
-        {"sa", [](L& look, const T& token) { look.style.after = std::max(0, twips(token)); }},
-        {"sl", [](L& look, const T& token) { look.spacing_ = twips(token); }},
+        {"li", [](L& look, const T& token) { look.style.left = twipsOf(token); }},
+        {"ri", [](L& look, const T& token) { look.style.right = twipsOf(token); }},
+        {"fi", [](L& look, const T& token) { look.style.first = twipsOf(token); }},
+        {"sb", [](L& look, const T& token) { look.style.before = std::max(0, twipsOf(token)); }},
+        {"sa", [](L& look, const T& token) { look.style.after = std::max(0, twipsOf(token)); }},
+        {"sl", [](L& look, const T& token) { look.spacing_ = twipsOf(token); }},
         {"slmult", [](L& look, const T& token) { look.spacingIsMultiple_ = token.parameterOr(0) == 1; }},
         {"pagebb", [](L& look, const T& token) { look.style.pageBreakBefore = token.on(); }},
+        {"keep", [](L& look, const T& token) { look.style.keepTogether = token.on(); }},
+        {"keepn", [](L& look, const T& token) { look.style.keepWithNext = token.on(); }},
         {"tqc", [](L& look, const T&) { look.nextTab_.kind = TabKind::Center; }},
         {"tqr", [](L& look, const T&) { look.nextTab_.kind = TabKind::Right; }},
         {"tqdec", [](L& look, const T&) { look.nextTab_.kind = TabKind::Decimal; }},
@@ -119,13 +105,74 @@ struct ParagraphWords {
         {"tlhyph", [](L& look, const T&) { look.nextTab_.leader = TabLeader::Hyphens; }},
         {"tlul", [](L& look, const T&) { look.nextTab_.leader = TabLeader::Underline; }},
         {"tlth", [](L& look, const T&) { look.nextTab_.leader = TabLeader::Underline; }},
-        {"tx", [](L& look, const T& token) { look.addTab(twips(token)); }}};
+        {"tx", [](L& look, const T& token) { look.addTab(twipsOf(token)); }}};
     return words;
   }
 };
 
-bool ParagraphLook::take(const RtfToken& token) {
-  return takeWord(ParagraphWords::table(), *this, token);
+bool ParagraphLook::take(const RtfToken& token, const RtfColours& colours) {
+  return takeWord(ParagraphWords::table(), *this, token) || takeEdge(token.word) || takeEdgeLine(token, colours) ||
+         takeShade(token, colours);
+}
+
+bool ParagraphLook::takeEdge(std::string_view word) {
+  static const std::unordered_map<std::string_view, Edge> names = {
+      {"brdrt", Top}, {"brdrl", Left},      {"brdrb", Bottom},   {"brdrr", Right},
+      {"box", Box},   {"brdrbtw", Between}, {"brdrbar", Between}};
+  if (const auto found = names.find(word); found != names.end())
+    return edges_ = found->second, true;
+  // From here the words speak of a table.
+  if (word.starts_with("clbrdr") || word.starts_with("trbrdr"))
+    edges_ = NoEdge;
+  return false;
+}
+
+bool ParagraphLook::takeEdgeLine(const RtfToken& token, const RtfColours& colours) {
+  if (edges_ == NoEdge)
+    return false;
+  if (token.word == "brsp") {
+    style.borderSpace = std::max(0, twipsOf(token));
+    return true;
+  }
+  Border ignored;
+  bool taken = takeBorderWord(token, ignored, colours);
+  const std::pair<unsigned, Border*> edges[] = {
+      {Top, &style.top}, {Left, &style.leftBorder}, {Bottom, &style.bottom}, {Right, &style.rightBorder}};
+  for (const auto& [edge, border] : edges)
+    if (edges_ & edge)
+      takeBorderWord(token, *border, colours);
+  return taken;
+}
+
+bool ParagraphLook::takeShade(const RtfToken& token, const RtfColours& colours) {
+  constexpr int whole = 10000;  // a shading states how much of the ground is black, in hundredths of a per cent
+  if (token.word == "cbpat") {
+    style.shade = colours.at(token.parameterOr(0));
+  } else if (token.word == "shading" && !style.shade) {
+    const int white = whole - std::clamp(token.parameterOr(0), 0, whole);
+    const auto grey = static_cast<std::uint8_t>(white * 255 / whole);
+    if (white < whole)
+      style.shade = Colour{grey, grey, grey};
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool takeBorderWord(const RtfToken& token, Border& border, const RtfColours& colours) {
+  constexpr int usual = 10;  // twips
+  const std::string_view word = token.word;
+  if (!word.starts_with("brdr") || word == "brdrsh" || word == "brdrframe")
+    return word.starts_with("brdr");
+  if (word == "brdrnone" || word == "brdrnil" || word == "brdrtbl")
+    border.width = 0;
+  else if (word == "brdrw")
+    border.width = std::clamp(token.parameterOr(usual), 0, 255);
+  else if (word == "brdrcf")
+    border.colour = colours.at(token.parameterOr(0)).value_or(Colour{});
+  else  // some twenty kinds of line
+    border.width = std::max(border.width, usual);
+  return true;
 }
 
 void ParagraphLook::addTab(int position) {
@@ -136,48 +183,28 @@ void ParagraphLook::addTab(int position) {
   nextTab_ = TabStop{};
 }
 
+// The colour of a border that is not there, and the room before it, are nothing that anyone sees.
+void ParagraphLook::settle(ParagraphStyle& result) {
+  int widths = 0;
+  for (Border* border : {&result.top, &result.leftBorder, &result.bottom, &result.rightBorder}) {
+    widths += border->width;
+    if (border->width == 0)
+      *border = Border{};
+  }
+  if (widths == 0)
+    result.borderSpace = 0;
+}
+
 ParagraphStyle ParagraphLook::finished() const {
   ParagraphStyle result = style;
   std::stable_sort(result.tabs.begin(), result.tabs.end(),
                    [](const TabStop& a, const TabStop& b) { return a.position < b.position; });
+  settle(result);
   if (spacing_ == 0)
     return result;
   result.lineRule = spacing_ < 0 ? LineRule::Exact : spacingIsMultiple_ ? LineRule::Multiple : LineRule::AtLeast;
   result.line = std::abs(spacing_);
   return result;
-}
-
-namespace {
-
-const Words<Document>& pageWords() {
-  using D = Document;
-  using T = RtfToken;
-  static const Words<Document> words = {
-      {"paperw", [](D& d, const T& token) { d.page.width = twips(token); }},
-      {"pgwsxn", [](D& d, const T& token) { d.page.width = twips(token); }},
-      {"paperh", [](D& d, const T& token) { d.page.height = twips(token); }},
-      {"pghsxn", [](D& d, const T& token) { d.page.height = twips(token); }},
-      {"margl", [](D& d, const T& token) { d.page.left = twips(token); }},
-      {"marglsxn", [](D& d, const T& token) { d.page.left = twips(token); }},
-      {"margr", [](D& d, const T& token) { d.page.right = twips(token); }},
-      {"margrsxn", [](D& d, const T& token) { d.page.right = twips(token); }},
-      {"margt", [](D& d, const T& token) { d.page.top = twips(token); }},
-      {"margtsxn", [](D& d, const T& token) { d.page.top = twips(token); }},
-      {"margb", [](D& d, const T& token) { d.page.bottom = twips(token); }},
-      {"margbsxn", [](D& d, const T& token) { d.page.bottom = twips(token); }},
-      {"landscape", [](D& d, const T&) { d.page.landscape = true; }},
-      {"lndscpsxn", [](D& d, const T&) { d.page.landscape = true; }},
-      {"headery", [](D& d, const T& token) { d.page.headerDistance = std::max(0, twips(token)); }},
-      {"footery", [](D& d, const T& token) { d.page.footerDistance = std::max(0, twips(token)); }},
-      {"titlepg", [](D& d, const T&) { d.firstPageDiffers = true; }},
-      {"deftab", [](D& d, const T& token) { d.defaultTab = std::max(20, twips(token)); }}};
-  return words;
-}
-
-}  // namespace
-
-bool takePageWord(const RtfToken& token, Document& document) {
-  return takeWord(pageWords(), document, token);
 }
 
 }  // namespace zelvo

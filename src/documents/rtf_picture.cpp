@@ -20,12 +20,23 @@ int hexValue(char c) {
   return -1;
 }
 
-double part(int crop, int whole) {
-  return whole > 0 ? std::clamp(double(crop) / whole, 0.0, 0.95) : 0;
-}
+// One direction of a picture: how long the whole of it is, and what is cut off at both ends, in whole twips, so that a
+// picture is written as it was read.
+struct Extent {
+  int whole = 1, first = 0, second = 0;
+  int shown() const { return whole - first - second; }
+  double part(int crop) const { return double(crop) / whole; }
+};
 
-int scaled(int length, double scale) {
-  return static_cast<int>(std::clamp(length * scale, 1.0, kLongest));
+Extent extentOf(int goal, double scale, int firstCrop, int secondCrop) {
+  constexpr double leastShown = 0.05;
+  const auto scaled = [scale](int length) { return static_cast<int>(std::clamp(length * scale, 0.0, kLongest)); };
+  Extent extent;
+  extent.whole = std::max(1, scaled(goal));
+  const int most = static_cast<int>(extent.whole * (1 - leastShown));
+  extent.first = std::min(scaled(firstCrop), most);
+  extent.second = std::min(scaled(secondCrop), most - extent.first);
+  return extent;
 }
 
 }  // namespace
@@ -95,14 +106,14 @@ void RtfPicture::placeOnPaper(Picture& picture) const {
     picture.width = goalWidth_;
     picture.height = goalHeight_;
   }
-  picture.cropLeft = part(cropLeft_, picture.width);
-  picture.cropTop = part(cropTop_, picture.height);
-  picture.cropRight = part(cropRight_, picture.width);
-  picture.cropBottom = part(cropBottom_, picture.height);
-  const double across = std::max(0.05, 1 - picture.cropLeft - picture.cropRight) * acrossScale_;
-  const double down = std::max(0.05, 1 - picture.cropTop - picture.cropBottom) * downScale_;
-  picture.width = scaled(picture.width, across);
-  picture.height = scaled(picture.height, down);
+  const Extent across = extentOf(picture.width, acrossScale_, cropLeft_, cropRight_);
+  const Extent down = extentOf(picture.height, downScale_, cropTop_, cropBottom_);
+  picture.width = across.shown();
+  picture.height = down.shown();
+  picture.cropLeft = across.part(across.first);
+  picture.cropRight = across.part(across.second);
+  picture.cropTop = down.part(down.first);
+  picture.cropBottom = down.part(down.second);
 }
 
 std::shared_ptr<const Picture> RtfPicture::finish() {

@@ -7,13 +7,12 @@ namespace zelvo {
 namespace {
 
 constexpr int kFarthest = 31680;              // an edge beyond is a slip of a broken file
-constexpr int kUsualBorder = 10;              // twips
 constexpr std::size_t kUsualRowWidth = 9000;  // of a row whose shape the file does not tell
 
 }  // namespace
 
 bool RtfTable::take(const RtfToken& token) {
-  return takeRowWord(token) || takeCellWord(token) || takeBorderWord(token);
+  return takeRowWord(token) || takeCellWord(token) || (border_ && takeBorderWord(token, *border_, colours_));
 }
 
 bool RtfTable::takeRowWord(const RtfToken& token) {
@@ -21,6 +20,7 @@ bool RtfTable::takeRowWord(const RtfToken& token) {
   if (word == "trowd") {
     row_ = TableRow{};
     shapes_.clear();
+    shapeUsed_ = false;
     next_ = Shape{};
     rowBorder_ = Border{};
     border_ = nullptr;
@@ -30,6 +30,8 @@ bool RtfTable::takeRowWord(const RtfToken& token) {
     row_.padding = std::clamp(token.parameterOr(0), 0, 2880);
   } else if (word == "trrh") {
     row_.height = std::clamp(token.parameterOr(0), -31680, 31680);
+  } else if (word == "trhdr") {
+    row_.isHeading = true;
   } else if (word == "cellx") {
     endShape(std::clamp(token.parameterOr(0), -kFarthest, kFarthest));
   } else if (word.starts_with("trbrdr")) {
@@ -70,31 +72,14 @@ bool RtfTable::takeCellWord(const RtfToken& token) {
   return true;
 }
 
-bool RtfTable::takeBorderWord(const RtfToken& token) {
-  const std::string_view word = token.word;
-  if (!word.starts_with("brdr"))
-    return false;
-  // Borders of paragraphs have words of the same kind; they are told apart by what stood before.
-  if (word == "brdrt" || word == "brdrb" || word == "brdrl" || word == "brdrr" || word == "brdrbtw")
-    border_ = &ignored_;
-  if (!border_)
-    return true;
-  if (word == "brdrnone" || word == "brdrnil")
-    border_->width = 0;
-  else if (word == "brdrs" || word == "brdrdb" || word == "brdrth" || word == "brdrdot" || word == "brdrdash")
-    border_->width = std::max(border_->width, kUsualBorder);
-  else if (word == "brdrw")
-    border_->width = std::clamp(token.parameterOr(kUsualBorder), 0, 255);
-  else if (word == "brdrcf")
-    border_->colour = colours_.at(token.parameterOr(0)).value_or(Colour{});
-  return true;
-}
-
 void RtfTable::endShape(int right) {
   const int before = shapes_.empty() ? row_.left : shapes_.back().cell.right;
   next_.cell.right = std::max(before, right);
   if (!next_.ownBorders)
     next_.cell.top = next_.cell.left = next_.cell.bottom = next_.cell.rightBorder = rowBorder_;
+  for (Border* border : {&next_.cell.top, &next_.cell.left, &next_.cell.bottom, &next_.cell.rightBorder})
+    if (border->width == 0)
+      *border = Border{};
   shapes_.push_back(next_);
   next_ = Shape{};
   border_ = nullptr;
@@ -109,28 +94,42 @@ void RtfTable::endCell() {
 void RtfTable::shapeEvenly() {
   if (shapes_.size() >= cells_.size())
     return;
+  shapeUsed_ = false;
   shapes_.resize(cells_.size());
   for (std::size_t i = 0; i < shapes_.size(); ++i)
     shapes_[i].cell.right = row_.left + static_cast<int>(kUsualRowWidth * (i + 1) / shapes_.size());
 }
 
+// A cell that belongs to the one on its left gives it its room, and the text that should not be in it.
+void RtfTable::joinLeft(Cell& left, Cell& cell) {
+  left.right = cell.right;
+  left.rightBorder = cell.rightBorder;
+  for (Paragraph& paragraph : cell.paragraphs)
+    if (!paragraph.runs.empty())
+      left.paragraphs.push_back(std::move(paragraph));
+}
+
+// A row may leave its last cells out; one that takes its shape from a row before only has those that it fills, so that
+// a broken file cannot make a page of cells out of a few bytes.
 TableRow RtfTable::endRow() {
   if (!cell_.empty())
     endCell();
   shapeEvenly();
   TableRow row = row_;
-  for (std::size_t i = 0; i < shapes_.size(); ++i) {
+  const std::size_t count = shapeUsed_ ? cells_.size() : shapes_.size();
+  for (std::size_t i = 0; i < count; ++i) {
     Cell cell = shapes_[i].cell;
     if (i < cells_.size())
       cell.paragraphs = std::move(cells_[i]);
-    if (shapes_[i].joinsLeft && !row.cells.empty()) {
-      row.cells.back().right = cell.right;
-      row.cells.back().rightBorder = cell.rightBorder;
-    } else {
+    if (cell.paragraphs.empty())
+      cell.paragraphs.emplace_back();
+    if (shapes_[i].joinsLeft && !row.cells.empty())
+      joinLeft(row.cells.back(), cell);
+    else
       row.cells.push_back(std::move(cell));
-    }
   }
   cells_.clear();
+  shapeUsed_ = true;
   return row;
 }
 

@@ -30,17 +30,17 @@ class RtfTable {
   };
   bool takeRowWord(const RtfToken& token);
   bool takeCellWord(const RtfToken& token);
-  bool takeBorderWord(const RtfToken& token);
   void endShape(int right);
   void shapeEvenly();
+  static void joinLeft(Cell& left, Cell& cell);
 
   const RtfColours& colours_;
   TableRow row_;
   std::vector<Shape> shapes_;
+  bool shapeUsed_ = false;  // by a row before
   Shape next_;
   Border rowBorder_;
   Border* border_ = nullptr;  // which the border words speak of
-  Border ignored_;
   std::vector<Paragraph> cell_;
   std::vector<std::vector<Paragraph>> cells_;
 };

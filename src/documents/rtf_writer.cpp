@@ -1,5 +1,8 @@
 #include "documents/rtf_writer.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "base/text.h"
 
 namespace zelvo {
@@ -12,6 +15,17 @@ void appendUnit(std::string& rtf, char32_t unit, int standIns) {
   if (standIns == 0)
     rtf += ' ';
   rtf.append(static_cast<std::size_t>(standIns), '?');
+}
+
+// A letter states the size of the whole picture and what is cut off from it.
+void appendSize(std::string& rtf, std::string_view goal, std::string_view firstCrop, std::string_view secondCrop,
+                int shown, double first, double second) {
+  const double whole = shown / std::max(0.01, 1 - first - second);
+  (rtf += goal) += std::to_string(std::lround(whole));
+  if (first > 0)
+    (rtf += firstCrop) += std::to_string(std::lround(first * whole));
+  if (second > 0)
+    (rtf += secondCrop) += std::to_string(std::lround(second * whole));
 }
 
 }  // namespace
@@ -99,7 +113,8 @@ std::string rtfPicture(const Picture& picture) {
       bytes.remove_prefix(std::min(fileHeader, bytes.size()));
       break;
   }
-  rtf += "\\picwgoal" + std::to_string(picture.width) + "\\pichgoal" + std::to_string(picture.height);
+  appendSize(rtf, "\\picwgoal", "\\piccropl", "\\piccropr", picture.width, picture.cropLeft, picture.cropRight);
+  appendSize(rtf, "\\pichgoal", "\\piccropt", "\\piccropb", picture.height, picture.cropTop, picture.cropBottom);
   appendRtfHex(rtf, bytes);
   return rtf + "}";
 }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 
+#include "documents/document_writer.h"
 #include "documents/merge.h"
 #include "fixed_pitch.h"
 
@@ -28,7 +29,9 @@ std::string wholeLetter() {
 
 // The work that is done with each letter. What stands on paper must be there, in finite places.
 void useLetter(const std::string& rtf, const std::string& why) {
-  const PagedDocument paged = layOutPages(readDocument(rtf), inchMargins(), FixedPitch());
+  const Document letter = readDocument(rtf);
+  EXPECT_TRUE(readDocument(writeDocument(letter)) == letter) << why << ": what is written reads as it was";
+  const PagedDocument paged = layOutPages(letter, inchMargins(), FixedPitch());
   EXPECT_GE(paged.pages.size(), 1u) << why;
   EXPECT_LT(paged.pages.size(), 100u) << why;
   for (const Page& page : paged.pages)
@@ -56,6 +59,53 @@ TEST(DamagedLetter, WithAByteLostOrChangedIsStillALetter) {
     if (changed.find("##") == std::string::npos)
       useLetter(changed, "changed byte " + std::to_string(at));
   }
+}
+
+std::string times(int count, std::string_view piece) {
+  std::string text;
+  for (int i = 0; i < count; ++i)
+    text += piece;
+  return text;
+}
+
+// A few bytes must not become a mountain of cells, looks or sections, nor a deep call.
+TEST(DamagedLetter, OfGreatNumbersIsRead) {
+  constexpr int million = 1000000, many = 50000;
+  struct Row {
+    std::string why, rtf, text;
+  };
+  const Row rows[] = {
+      {"groups in groups", "{\\rtf1\\tx9 a" + times(million, "{\\b ") + "x" + times(million, "}") + "b}", "axb\n"},
+      {"groups that nobody closes", "{\\rtf1 a" + times(million, "{") + "b", "ab\n"},
+      {"ends of nothing", "{\\rtf1 a}" + times(million, "}"), "a\n"},
+      {"data longer than the file", "{\\rtf1 a\\bin2000000000 b}", "a\n"},
+      {"stand-ins without end", "{\\rtf1\\uc2000000000\\u65?" + times(300, "x") + "\\par b}",
+       "A" + times(46, "x") + "\nb\n"},
+      {"nothing but NULs", "{\\rtf1 a" + std::string(million, '\0') + "b}", "ab\n"},
+      {"styles that rest on each other", "{\\rtf1{\\stylesheet{\\s1\\sbasedon2 a;}{\\s2\\sbasedon1 b;}}\\s1 c\\par}",
+       "c\n"},
+      {"rows of a wide shape", "{\\rtf1\\trowd" + times(many, "\\cellx9") + "\\intbl " + times(many, "\\cell\\row "),
+       times(many, "\t").substr(1) + times(many, "\n")},
+      {"sections under a long header",
+       "{\\rtf1{\\header " + times(many, "long ") + "}" + times(many, "\\sect\\titlepg ") + "a}",
+       times(many, "\n") + "a\n"}};
+  for (const Row& row : rows) {
+    EXPECT_TRUE(plainText(readDocument(row.rtf)) == row.text) << row.why;
+    EXPECT_TRUE(mergeLetter(row.rtf, {}, kNow, {}) == row.rtf) << row.why;
+  }
+}
+
+TEST(DamagedLetter, OfFiftyThousandFontsTakesALetterheadOfAsMany) {
+  std::string fonts = "{\\rtf1{\\fonttbl";
+  std::string text;
+  for (int i = 0; i < 50000; ++i) {
+    fonts += "{\\f" + std::to_string(i) + " Font" + std::to_string(i) + ";}";
+    text += "\\f" + std::to_string(i) + " x";
+  }
+  MergeContext context;
+  context.letterhead = fonts + "}" + text + "}";
+  const std::string merged = mergeLetter(fonts + "}%mh}", context, kNow, {});
+  EXPECT_EQ(plainText(readDocument(merged)), std::string(50000, 'x') + "\n");
 }
 
 TEST(DamagedLetter, NumbersThatNoPaperHoldsDoNoHarm) {

@@ -44,7 +44,13 @@ TEST(DocumentReader, KeepsTheTextWhateverItIsWrappedIn) {
       {"paragraphs, the last one unended", "{\\rtf1 a\\par\\par b}", "a\n\nb\n"},
       {"an ended last paragraph is no further one", "{\\rtf1 a\\par}", "a\n"},
       {"hidden text and soft hyphens vanish", "{\\rtf1 a{\\v b}c\\-d\\v e\\v0 f}", "acdf\n"},
-      {"capitals", "{\\rtf1 {\\caps a\\'e9}b}", "AÉb\n"},
+      {"what is drawn in capitals stays as it was typed", "{\\rtf1 {\\caps a\\'e9}{\\scaps b}}", "aéb\n"},
+      {"a cell that belongs to its neighbour gives it its text",
+       "{\\rtf1\\trowd\\clmgf\\cellx9\\clmrg\\cellx18\\intbl a\\cell b\\cell\\row}", "a b\n"},
+      {"tables in a cell",
+       "{\\rtf1\\trowd\\cellx9\\intbl a\\par b\\nestcell c\\nestcell{\\*\\nesttableprops\\trowd\\nestrow}"
+       "{\\nonesttables\\par}d\\cell\\row}",
+       "a b c d\n"},
       {"list marks of sign fonts",
        "{\\rtf1{\\fonttbl{\\f0 A;}{\\f3\\fcharset2 Symbol;}}{\\pntext\\f3\\'B7\\tab}a \\u-3929?}", "•\ta ▪\n"},
       {"notes and frames behind their paragraph", "{\\rtf1 a{\\footnote n\\par m}b\\par c}", "ab\nn\nm\nc\n"},
@@ -112,8 +118,38 @@ TEST(DocumentReader, ReadsThePaperOnlyWhereItIsStated) {
   ASSERT_EQ(some.header.size(), 1u);
   EXPECT_EQ(plainText(some.header[0]), "h");
   EXPECT_EQ(some.firstHeader.size(), 2u);
-  ASSERT_EQ(some.body.size(), 4u);
-  EXPECT_TRUE(std::holds_alternative<PageBreak>(some.body[2])) << "a section opens a page unless it says otherwise";
+}
+
+// "h" and the like for headers, then the width of the paper and the first page number.
+std::string sectionText(const Section& section) {
+  std::string text;
+  for (const auto* list : {&section.header, &section.firstHeader, &section.leftHeader, &section.footer})
+    for (const Paragraph& paragraph : *list)
+      text += plainText(paragraph) + "|";
+  return text + std::to_string(section.page.width.value_or(0)) + (section.firstPageDiffers ? " first" : "") +
+         (section.firstNumber ? " from " + std::to_string(*section.firstNumber) : "");
+}
+
+TEST(DocumentReader, ReadsSectionsWithTheirPaperAndHeaders) {
+  const Document document = readDocument(
+      "{\\rtf1\\paperw9000\\facingp\\sectd\\titlepg{\\header h}{\\headerf f}{\\headerl l}a\\sect\\sbknone "
+      "b\\sect\\sectd"
+      "\\pgwsxn8000\\pgnstarts5\\pgnrestart{\\header }{\\footer z}c\\sect\\sectd d}");
+  EXPECT_EQ(sectionText(document), "h|f|l|9000 first");
+  ASSERT_EQ(document.body.size(), 7u);
+  const auto section = [&](std::size_t index) { return std::get<SectionBreak>(document.body[index]); };
+  EXPECT_FALSE(section(1).newPage);
+  EXPECT_EQ(sectionText(*section(1).section), "h|f|l|9000 first") << "what it does not state it has from before";
+  EXPECT_TRUE(section(3).newPage);
+  EXPECT_EQ(sectionText(*section(3).section), "f|l|z|8000 from 5");
+  EXPECT_EQ(sectionText(*section(5).section), "f|l|z|9000") << "its paper is the letter's, its pages are counted on";
+  EXPECT_TRUE(section(5).section->leftPagesDiffer);
+}
+
+TEST(DocumentReader, ReadsSectionsThatEndWithATable) {
+  const Document document = readDocument("{\\rtf1\\trowd\\cellx900\\intbl a\\cell\\row\\sect\\pard b\\par}");
+  ASSERT_EQ(document.body.size(), 3u);
+  EXPECT_TRUE(std::holds_alternative<SectionBreak>(document.body[1]));
 }
 
 TEST(DocumentReader, ReadsLiveNumbersAndPageBreaks) {
@@ -138,7 +174,7 @@ TEST(DocumentReader, ReadsTables) {
       "\\intbl e\\cell f\\cell\\row\\pard after\\par}");
   ASSERT_EQ(document.body.size(), 3u);
   EXPECT_EQ(rowText(document.body[0]), "a/b@1000|c@2000|d@4000");
-  EXPECT_EQ(rowText(document.body[1]), "e@1000|f@2000|@4000") << "the shape holds for the next row";
+  EXPECT_EQ(rowText(document.body[1]), "e@1000|f@2000") << "the shape holds for the next row";
   const auto& row = std::get<TableRow>(document.body[0]);
   EXPECT_EQ((std::vector<int>{row.left, row.padding, row.height}), (std::vector<int>{-100, 108, -400}));
   EXPECT_EQ(row.cells[0].top, (Border{20, {9, 0, 0}}));

@@ -82,6 +82,38 @@ TEST(Look, OfParagraphsIsThatOfTheirEnd) {
   }
 }
 
+TEST(Look, OfParagraphsHasBordersAGroundAndAPlace) {
+  const Document document = readDocument(
+      "{\\rtf1{\\colortbl;\\red9;}\\keep\\keepn\\brdrt\\brdrs\\brdrw20\\brsp40\\brdrcf1\\brdrb\\brdrdb "
+      "a\\par\\pard\\box"
+      "\\brdrs\\cbpat1 b\\par\\pard\\brdrr\\brdrnone\\brsp9\\brdrcf1\\shading5000 c\\par}");
+  const auto style = [&](std::size_t index) { return std::get<Paragraph>(document.body.at(index)).style; };
+  EXPECT_TRUE(style(0).keepTogether && style(0).keepWithNext);
+  EXPECT_EQ(style(0).top, (Border{20, {9, 0, 0}}));
+  EXPECT_EQ(style(0).bottom, (Border{10, {}}));
+  EXPECT_EQ(style(0).leftBorder.width, 0);
+  EXPECT_EQ(style(0).borderSpace, 40);
+  for (const Border& border : {style(1).top, style(1).leftBorder, style(1).bottom, style(1).rightBorder})
+    EXPECT_EQ(border, (Border{10, {}}));
+  EXPECT_EQ(style(1).shade, (Colour{9, 0, 0}));
+  ParagraphStyle grey;
+  grey.shade = Colour{127, 127, 127};
+  EXPECT_EQ(style(2), grey) << "a border that is not there has no colour and takes no room";
+}
+
+TEST(Look, OfACellsParagraphAndOfTheCellAreToldApart) {
+  const Document document = readDocument(
+      "{\\rtf1\\trowd\\clbrdrt\\brdrs\\brdrw30\\cellx900\\pard\\intbl\\brdrb\\brdrs\\brdrw40 "
+      "a\\cell\\row\\trowd\\clbrdrl"
+      "\\brdrs\\brdrw50\\cellx900\\pard\\intbl b\\cell\\row}");
+  const auto cell = [&](std::size_t index) { return std::get<TableRow>(document.body.at(index)).cells.at(0); };
+  EXPECT_EQ(cell(0).top.width, 30);
+  EXPECT_EQ(cell(0).bottom.width, 0);
+  EXPECT_EQ(cell(0).paragraphs.at(0).style.bottom.width, 40);
+  EXPECT_EQ(cell(1).left.width, 50);
+  EXPECT_EQ(cell(1).paragraphs.at(0).style, ParagraphStyle());
+}
+
 TEST(Look, OfATabHoldsForTheNextStopAlone) {
   const Document document =
       letter("\\tx4000\\tldot\\tqr\\tx3000\\tqdec\\tx2000\\tlhyph\\tqc\\tx1000\\tlul\\tx500 a\\par");

@@ -72,7 +72,7 @@ std::string drawn(const Paper& paper, const Ink& ink, const std::function<bool(d
   return bytes;
 }
 
-constexpr Ink kForestGreen = {24, 84, 48}, kBlueInk = {28, 40, 120}, kGray = {96, 104, 112}, kBrown = {110, 72, 44};
+constexpr Ink kForestGreen = {24, 84, 48}, kBlueInk = {28, 40, 120}, kBrown = {110, 72, 44};
 
 /// A tree of three tiers on a trunk, its foot at (0, 0) and one unit high; y grows downward.
 bool inTree(double x, double y) {
@@ -134,16 +134,6 @@ std::string signatureBitmap() {
   }
   return drawn({400, 100, 200}, kBlueInk, [&](double x, double y) {
     return touched[at(static_cast<int>(x * fineness), static_cast<int>(y * fineness))];
-  });
-}
-
-std::string labelSheet() {
-  return drawn({213, 275, 25}, kGray, [](double x, double y) {
-    const double column = std::fmod(x - 0.2, 2.755), row = std::fmod(y - 0.6, 1.0);
-    if (x < 0.2 || y < 0.6 || y > 10.6 || column > 2.63 || x > 8.4)
-      return false;
-    const double edge = std::min({column, 2.63 - column, row, 1 - row});
-    return edge > 0.02 && edge < 0.07;
   });
 }
 

@@ -8,7 +8,6 @@ namespace zelvo {
 
 std::string townSeal();         ///< three quarters of an inch across
 std::string signatureBitmap();  ///< of the code enforcement officer, two inches wide
-std::string labelSheet();       ///< a sheet of 3 by 10 mailing labels
 std::string housePhotograph();  ///< stands for the photographs that are attached to records
 
 }  // namespace zelvo

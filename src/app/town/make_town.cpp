@@ -11,6 +11,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "data/data_folder.h"
+#include "documents/labels/label_layout.h"
 #include "shell/settings.h"
 #include "shell/users.h"
 
@@ -64,20 +65,8 @@ Result<void> writeUserList(const std::string& programFolder) {
 }
 
 Result<void> writePictures(const std::string& programFolder) {
-  return writeFiles({{programFolder + "/memos/sig.bmp", signatureBitmap()},
-                     {programFolder + "/memos/logo.bmp", townSeal()},
-                     {programFolder + "/labels/sheet30.bmp", labelSheet()}});
-}
-
-// The sheet that every stationer has: across, down, height, width, margins at top and left, gaps between.
-Result<void> writeLabelSheets(const std::string& programFolder) {
-  constexpr const char* name = "Address labels 30";
-  const std::string folder = programFolder + "/labels";
-  const std::vector<std::string> sheet = {
-      "Address labels, 30 on a sheet", "sheet30", "3", "10", "1", "2.63", "0.6", "0.4", "0.125", "0"};
-  if (auto written = writeLines(joinPath(folder, name), sheet); !written)
-    return written;
-  return writeLines(joinPath(folder, "catalog.txt"), {"1", name});
+  return writeFiles(
+      {{programFolder + "/memos/sig.bmp", signatureBitmap()}, {programFolder + "/memos/logo.bmp", townSeal()}});
 }
 
 Result<void> makeProgramFolder(const TownFolders& folders) {
@@ -91,7 +80,7 @@ Result<void> makeProgramFolder(const TownFolders& folders) {
                     return writeLines(joinPath(folder, "browser.txt"), {"", "T"});
                   },
                   [&] { return writeUserList(folder); }, [&] { return makeBlanks(folder); },
-                  [&] { return writePictures(folder); }, [&] { return writeLabelSheets(folder); }});
+                  [&] { return writePictures(folder); }, [&] { return makeLabelLayouts(folder); }});
 }
 
 // ---- the forms folder

@@ -46,9 +46,10 @@ void paintText(QPainter& painter, const TextPiece& piece) {
   painter.drawText(QPointF(piece.x, piece.baseline), QString::fromStdString(piece.text));
 }
 
-QPageSize paperOf(const PagedDocument& document) {
-  return QPageSize(QSizeF(document.width, document.height) / kTwipsOfPoint, QPageSize::Point, QString(),
-                   QPageSize::ExactMatch);
+QPageLayout paperOf(const Page& page) {
+  const QPageSize size(QSizeF(page.width, page.height) / kTwipsOfPoint, QPageSize::Point, QString(),
+                       QPageSize::ExactMatch);
+  return QPageLayout(size, QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
 }
 
 }  // namespace
@@ -69,13 +70,15 @@ Result<std::string> pdfOf(const PagedDocument& document, std::string_view title)
   writer.setResolution(kTwipsAnInch);
   writer.setTitle(qtText(title));
   writer.setCreator(QStringLiteral("Zelvo"));
-  writer.setPageLayout(QPageLayout(paperOf(document), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0)));
+  writer.setPageLayout(paperOf(document.pages.front()));
   QPainter painter;
   if (!painter.begin(&writer))
     return Error{Trouble::Failed, "The pages could not be made. Close other programs and try again."};
   for (std::size_t page = 0; page < document.pages.size(); ++page) {
-    if (page > 0)
+    if (page > 0) {
+      writer.setPageLayout(paperOf(document.pages[page]));  // a section may have paper of its own
       writer.newPage();
+    }
     paintPage(painter, document.pages[page]);
   }
   painter.end();

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "documents/line_layout.h"
+
+namespace zelvo {
+
+inline constexpr double kUnbounded = 1e12;  ///< lower than any paper
+
+struct PlacedLine {
+  Line line;
+  double top = 0;
+};
+
+/// The ground and borders of a paragraph, or a part of it.
+struct PlacedBox {
+  const ParagraphStyle* style = nullptr;
+  double top = 0, bottom = 0;
+  bool withTop = true, withBottom = true;
+};
+
+/// Paragraphs laid out one below the other, with the space above and below each. Heights count from the stack's top.
+struct Stack {
+  std::vector<PlacedLine> lines;
+  std::vector<PlacedBox> boxes;
+  double height = 0;
+  double width = -1;  ///< of the area that it was made for, where that is kept
+};
+
+/// The room that a border keeps from the text of its paragraph.
+double edgeRoom(const ParagraphStyle& style, const Border& edge);
+bool hasBox(const ParagraphStyle& style);
+/// Paragraphs of the same borders and indents stand in one box.
+bool shareBox(const ParagraphStyle* a, const ParagraphStyle* b);
+
+/// The paragraphs refer to their styles and must outlive the stack. None of them begins below `lowest`.
+Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& area, const FontMeasure& fonts,
+              double lowest = kUnbounded);
+void addToStack(Stack& stack, const Paragraph& paragraph, const ParagraphStyle* above, const ParagraphStyle* below,
+                const LineArea& area, const FontMeasure& fonts);
+
+/// Puts the box onto a page: its text area begins at x and is so wide; its own heights count from y.
+void paintBox(Page& page, const PlacedBox& box, double x, double width, double y);
+
+}  // namespace zelvo

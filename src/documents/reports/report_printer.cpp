@@ -1,0 +1,81 @@
+#include "documents/reports/report_printer.h"
+
+#include "base/files.h"
+#include "base/text.h"
+#include "documents/reports/report_document.h"
+#include "documents/rtf_reader.h"
+#include "documents/rtf_writer.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr std::string_view kForbidden = "\\/:*?\"<>|";
+
+std::string fileNameFor(std::string_view title, std::string_view extension) {
+  std::string name(trim(title));
+  for (char& letter : name)
+    if (kForbidden.find(letter) != std::string_view::npos)
+      letter = '-';
+  return name + std::string(extension);
+}
+
+// The office may have written its report header in any editor.
+std::string asRichText(std::string_view text) {
+  if (text.empty() || isRichText(text))
+    return std::string(text);
+  return "{\\rtf1\\ansi\\uc1\\pard " + rtfText(text) + "\\par}";
+}
+
+}  // namespace
+
+Result<std::string> ReportPrinter::heading(const ReportKind& kind) {
+  const Session& session = desk_.session;
+  if (kind.header.empty() || !FileExists(joinPath(session.formsFolder, kind.header)))
+    return asRichText(session.reportHeader);
+  const auto merged = letters_.merge(kind.header);
+  return merged ? readBytes(*merged) : merged;
+}
+
+void ReportPrinter::tellEmpty() {
+  desk_.messages.tell(" Record(s) not Found", "No records meet the criteria.");
+}
+
+Result<void> ReportPrinter::run(const ReportKind& kind, std::string_view title, ReportRows& rows, ReportOutput output) {
+  return output == ReportOutput::Printer ? print(kind, title, rows) : save(kind, title, rows, output);
+}
+
+Result<void> ReportPrinter::print(const ReportKind& kind, std::string_view title, ReportRows& rows) {
+  const auto top = heading(kind);
+  if (!top)
+    return top.error();
+  const MadeReport report = makeReport(kind, title, *top, rows, desk_.session.print);
+  if (report.rows == 0) {
+    tellEmpty();
+    return {};
+  }
+  const std::string path = joinPath(desk_.session.programFolder, "\\tmp.rtf");
+  if (const auto written = replaceFile(path, report.text); !written)
+    return written;
+  return desk_.printing.print({std::string(title), path, desk_.session.print});
+}
+
+Result<void> ReportPrinter::save(const ReportKind& kind, std::string_view title, ReportRows& rows,
+                                 ReportOutput output) {
+  const bool sheet = output == ReportOutput::Spreadsheet;
+  const auto top = sheet ? Result<std::string>(std::string()) : heading(kind);
+  if (!top)
+    return top.error();
+  const MadeReport report =
+      sheet ? makeSpreadsheet(kind, rows) : makeReport(kind, title, *top, rows, desk_.session.print);
+  if (report.rows == 0) {
+    tellEmpty();
+    return {};
+  }
+  const FilePicker picker{
+      "Save the report", sheet ? "Spreadsheets (*.csv)|*.csv" : "Rich text documents (*.rtf)|*.rtf", {}};
+  const auto path = desk_.pickers.saveFile(picker, fileNameFor(title, sheet ? ".csv" : ".rtf"));
+  return path ? replaceFile(*path, report.text) : Result<void>();
+}
+
+}  // namespace zelvo
