@@ -3,7 +3,11 @@
 #include <algorithm>
 
 #include "base/files.h"
+#include "form/text_menu.h"
+#include "shell/backup/backup.h"
+#include "shell/backup/restore_set.h"
 #include "shell/coords_frm.h"
+#include "shell/help/help.h"
 #include "shell/record_openings.h"
 #include "shell/user_edit.h"
 
@@ -37,7 +41,7 @@ constexpr MenuFrm::Bar MenuFrm::kBars[] = {
     {"report", "&Admin", true}, {"medit", "Edit", false},      {"maction", "Permits", false},
 };
 
-// A caption of "-" is a line between groups. Entries that do nothing here are done by the field they pop up over.
+// A caption of "-" is a line between groups. The entries of "medit" are the ones that pop up over every text box.
 constexpr MenuFrm::Line MenuFrm::kLines[] = {
     {"File", "permits", "&Building Permits", &MenuFrm::openRecords, "APermits"},
     {"File", "permitsz", "&Zoning Permits", &MenuFrm::openRecords, "ZPermits"},
@@ -50,8 +54,9 @@ constexpr MenuFrm::Line MenuFrm::kLines[] = {
     {"File", "sep1", "-"},
     {"File", "Quit", "&Quit", &MenuFrm::quit},
 
-    {"options", "backr", "&Backup..", &MenuFrm::openScreen, "backfrm"},
-    {"options", "backupto", "Backup To..", &MenuFrm::openScreen, "backtofrm"},
+    {"options", "backr", "&Backup..", &MenuFrm::backUpUsual},
+    {"options", "backupto", "Backup To..", &MenuFrm::backUpElsewhere},
+    {"options", "restore", "Re&store..", &MenuFrm::restore, "restorefrm"},
     {"options", "sep8", "-"},
     {"options", "repair", "&Repair Attempt..", &MenuFrm::startTool, "ezRepair.exe"},
     {"options", "sep2", "-"},
@@ -60,11 +65,11 @@ constexpr MenuFrm::Line MenuFrm::kLines[] = {
     {"options", "dash", "-"},
     {"options", "changepsw", "Change &Password", &MenuFrm::changePassword},
 
-    {"help", "dohelp", "Help..", &MenuFrm::showFile, "zvh.chm"},
+    {"help", "dohelp", "Help..", &MenuFrm::help},
     {"help", "contact", "Contact Dorvan..", &MenuFrm::showFile, "contact.htm"},
     {"help", "About", "&About..", &MenuFrm::openScreen, "frmAbout"},
 
-    {"report", "dosbl", "SBL Repository", &MenuFrm::openScreen, "sblfrm"},
+    {"report", "dosbl", "SBL Repository", &MenuFrm::openParcels, "sblloc"},
     {"report", "usermanage", "User Management", &MenuFrm::openScreen, "UserMgr"},
     {"report", "convert", "Convert DB", &MenuFrm::startTool, "converter.exe"},
     {"report", "checkupdates", "Check for updates..", &MenuFrm::startTool, "Updater.exe"},
@@ -73,11 +78,6 @@ constexpr MenuFrm::Line MenuFrm::kLines[] = {
     {"report", "updateparcel", "Import Tax Parcels", &MenuFrm::openScreen, "rpsimport"},
     {"report", "viewparcel", "View Imported Parcels", &MenuFrm::openScreen, "viewRPS"},
     {"report", "syncSBL", "Synchronize SBL Repository", &MenuFrm::openScreen, "syncSBL"},
-
-    {"medit", "mcopy", "Copy"},
-    {"medit", "mpaste", "Paste"},
-    {"medit", "loadp", "Obtain from File.."},
-    {"medit", "savep", "Save to File.."},
 
     {"maction", "mpermits", "Building Permits", &MenuFrm::openRecords, "APermits"},
     {"maction", "zopermits", "Zoning Permits", &MenuFrm::openRecords, "ZPermits"},
@@ -97,7 +97,6 @@ constexpr MenuFrm::Picture MenuFrm::kPictures[] = {
 };
 
 MenuFrm::MenuFrm(Desk& itsDesk) : Screen(itsDesk, "MenuFrm", "Zelvo Main Menu") {
-  lblMunicipality.caption = desk.session.municipality.name;
   lblUser.caption = desk.session.userId + (desk.session.rights.empty() ? "" : " (" + desk.session.rights + ")");
   addPictures();
   addMenus();
@@ -112,6 +111,19 @@ void MenuFrm::addMenus() {
     if (line.does)
       onClick(entry, [this, &line] { (this->*line.does)(line); });
   }
+  addTextMenu();
+}
+
+// They work in the text boxes of the records; chosen here, where there are none, they say so.
+void MenuFrm::addTextMenu() {
+  Menu& menu = menuNamed("medit");
+  menu.overTexts = true;
+  for (const TextMenuEntry& each : textMenu()) {
+    MenuEntry& entry = entries_.emplace_back(*this, menu, each.name, each.caption);
+    onClick(entry, [this] {
+      tell({Trouble::NotFound, "There is no text to work with here. Use this in a text box of a record."});
+    });
+  }
 }
 
 void MenuFrm::addPictures() {
@@ -125,8 +137,10 @@ void MenuFrm::addPictures() {
 // What depends on who signed in and on the computer's part: the master computer sends and collects, a field computer
 // brings home and reads.
 void MenuFrm::SetMenus() {
+  lblMunicipality.caption = desk.session.municipality.name;
   const bool master = desk.session.masterComputer;
   menuNamed("report").enabled = desk.session.administrator;
+  entryNamed("restore").enabled = desk.session.administrator;
   entryNamed("hittheroad").caption = master ? "Hit the Road.." : "Homebound..";
   entryNamed("remotein").caption = master ? "Collect from Field.." : "Read from Master..";
 }
@@ -147,6 +161,28 @@ void MenuFrm::openRecords(const Line& line) {
 void MenuFrm::openScreen(const Line& line) {
   if (!desk.screens.open(line.what))
     tell(notOffered(find(line.name)->shown()));
+}
+
+// The repository has a screen of its own; until it is there, its parcels are looked up.
+void MenuFrm::openParcels(const Line& line) {
+  if (!desk.screens.open("sblfrm"))
+    openScreen(line);
+}
+
+void MenuFrm::backUpUsual(const Line&) {
+  backUp(desk);
+}
+
+void MenuFrm::backUpElsewhere(const Line&) {
+  backUpTo(desk);
+}
+
+void MenuFrm::restore(const Line& line) {
+  desk.screens.showModal(line.what);
+}
+
+void MenuFrm::help(const Line&) {
+  showHelp(desk, "");
 }
 
 void MenuFrm::startTool(const Line& line) {
@@ -184,16 +220,22 @@ void MenuFrm::quit(const Line&) {
 void MenuFrm::ExitApp() {
   if (!closeOtherScreens())
     return;
-  tellOfMissingBackup();
+  backUpOnExit(desk);
   closeMe();
   desk.end("quit");
 }
 
-// An office that relies on its backup at the end of the day must not believe that it has one.
-void MenuFrm::tellOfMissingBackup() {
-  constexpr int kAutomatic = 1;
-  if (desk.session.masterComputer && desk.session.backupOption == kAutomatic)
-    tell({Trouble::NotFound, "The backup on exit is not part of this program yet. No backup was made."});
+// Whoever works on after a restore that was broken off must know that the records may not fit together.
+void MenuFrm::Form_Activate(bool first) {
+  SetMenus();  // the preferences may have made this computer another one
+  const std::string mark = joinPath(desk.session.dataFolder, kRestoreMark);
+  if (!first || desk.session.dataFolder.empty() || !FileExists(mark))
+    return;
+  const auto lines = readLines(mark).valueOr({});
+  tell({Trouble::Failed,
+        "A restore was broken off before its end. Please have an administrator restore that backup again, or the data "
+        "as they were before, which are in\n" +
+            (lines.empty() ? desk.session.dataFolder : lines.front())});
 }
 
 bool MenuFrm::closeOtherScreens() {

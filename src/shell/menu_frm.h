@@ -16,10 +16,12 @@ class MenuFrm : public Screen {
   explicit MenuFrm(Desk& desk);
 
   /// Ends the session: closes the other screens as their window buttons would (one that stays, because its user is not
-  /// done with it, keeps the program running), then the menu, restores the display and ends the program.
+  /// done with it, keeps the program running), backs up on the master computer as its settings want it, closes the
+  /// menu, restores the display and ends the program.
   void ExitApp();
 
  protected:
+  void Form_Activate(bool first) override;
   void Form_Close() override { ExitApp(); }
 
  private:
@@ -32,6 +34,7 @@ class MenuFrm : public Screen {
   static const Picture kPictures[];
 
   void addMenus();
+  void addTextMenu();
   void addPictures();
   void SetMenus();
   Menu& menuNamed(std::string_view name);
@@ -39,6 +42,11 @@ class MenuFrm : public Screen {
 
   void openRecords(const Line& line);
   void openScreen(const Line& line);
+  void openParcels(const Line& line);
+  void backUpUsual(const Line& line);
+  void backUpElsewhere(const Line& line);
+  void restore(const Line& line);
+  void help(const Line& line);
   void startTool(const Line& line);
   void showFile(const Line& line);
   void lookUpOnMap(const Line& line);
@@ -46,7 +54,6 @@ class MenuFrm : public Screen {
   void quit(const Line& line);
 
   bool closeOtherScreens();
-  void tellOfMissingBackup();
   void tell(const Error& error);
 
   Label lblMunicipality{*this, "lblMunicipality"};

@@ -4,6 +4,8 @@ namespace zelvo {
 
 frmAbout::frmAbout(Desk& itsDesk) : Screen(itsDesk, "frmAbout", "About Zelvo") {
   lblMunicipality.caption = desk.session.municipality.name;
+  lblData.caption = "Program folder: " + desk.session.programFolder + "\nDatabases: " + desk.session.dataFolder;
+  lblData.visible = desk.session.signedIn;
   cmdOK.isDefault = cmdOK.isCancel = true;
   onClick(cmdOK, [this] { closeMe(); });
 }

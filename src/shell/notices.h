@@ -18,6 +18,8 @@ class frmAbout : public Screen {
   Label lblTitle{*this, "lblTitle", "Zelvo"};
   Label lblPurpose{*this, "lblPurpose", "Records of the building inspection and code enforcement office"};
   Label lblMunicipality{*this, "lblMunicipality"};
+  Label lblVersion{*this, "lblVersion", "Version " ZELVO_VERSION};
+  Label lblData{*this, "lblData"};  ///< what whoever helps asks for first; not on the splash
   Button cmdOK{*this, "cmdOK", "OK"};
 };
 

@@ -3,8 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "data/catalogue.h"
-#include "data/data_folder.h"
+#include "data/no_dbfound.h"
 
 namespace zelvo {
 
@@ -32,10 +31,10 @@ Result<void> openRecordScreen(Desk& desk, std::string_view screen) {
   if (opening == std::ranges::end(kOpenings) || !desk.screens.knows(screen))
     return notOffered(opening == std::ranges::end(kOpenings) ? screen : opening->called);
   if (!desk.screens.find(screen)) {
-    const auto path = ensureDatabase(desk.session, opening->file);
-    if (!path)
-      return path.error();
-    desk.session.queryFor(opening->slot) = {connectionText(*path), std::string(opening->query)};
+    const auto connection = databaseConnection(desk, opening->file);
+    if (!connection)
+      return connection.error().trouble == Trouble::Cancelled ? Result<void>() : connection.error();
+    desk.session.queryFor(opening->slot) = {*connection, std::string(opening->query)};
   }
   desk.screens.open(screen);
   return {};

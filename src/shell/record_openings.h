@@ -18,9 +18,9 @@ struct RecordOpening {
 };
 std::span<const RecordOpening> recordOpenings();
 
-/// Puts the database (made from its blank when it is missing) and the query of the screen into its slot of the table of
-/// current queries, and opens it. One that is open already comes to the front as it stands. The error says why it
-/// cannot be opened.
+/// Puts the database (made from its blank when it is missing, or located by the user) and the query of the screen into
+/// its slot of the table of current queries, and opens it. One that is open already comes to the front as it stands.
+/// The error says why it cannot be opened.
 Result<void> openRecordScreen(Desk& desk, std::string_view screen);
 
 /// What to tell when something is chosen that the program does not offer: a caption, as it stands in the menu.

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -25,12 +26,24 @@ struct SettingLine {
     AsItStands,
     Trimmed,
     Folder,  ///< trimmed, and without a separator at its end
-    Copy     ///< written for other programs; read from elsewhere
+    Copy,    ///< written for other programs; read from elsewhere
+    Choice   ///< "F", or "T" for whatever else stands there
   };
   std::string_view name;
   SettingMember member;
   Kind kind = Kind::AsItStands;
+  std::string_view preset = "";  ///< the line as a new office begins with it
 };
+
+/// A file of the program folder, with its lines. What stands behind them is kept when the file is written.
+struct SettingFile {
+  std::string_view file;
+  std::span<const SettingLine> lines;
+};
+
+/// The most that any of the files described here may hold, in bytes. A longer one is none of the office's lists, and is
+/// not read.
+inline constexpr std::size_t kSettingFileLimit = 1u << 20;
 
 /// "Zelvo.ini" in the program folder. A file of the first fifteen lines is complete; the last one may be missing or
 /// blank, and the forms folder then stands beside the data folder.
@@ -42,17 +55,18 @@ inline constexpr std::array<SettingLine, 16> kSettingLines = {{
     {"state", &Municipality::state},
     {"zip code", &Municipality::zip},
     {"telephone", &Municipality::telephone},
-    {"backup on exit (0 prompt, 1 automatic, 2 manual)", &Session::backupOption},
-    {"master computer", &Session::masterComputer},
-    {"hide desktop", &Session::hideDesktop},
-    {"desktop colour", &Session::desktopColour},
-    {"desktop picture", &Session::desktopPicture},
-    {"state law", &Session::stateLaw},
+    {"backup on exit (0 prompt, 1 automatic, 2 manual)", &Session::backupOption, SettingLine::Kind::AsItStands, "0"},
+    {"master computer", &Session::masterComputer, SettingLine::Kind::AsItStands, "1"},
+    {"hide desktop", &Session::hideDesktop, SettingLine::Kind::AsItStands, "0"},
+    {"desktop colour", &Session::desktopColour, SettingLine::Kind::AsItStands, "0"},
+    {"desktop picture", &Session::desktopPicture, SettingLine::Kind::AsItStands, "NONE"},
+    {"state law", &Session::stateLaw, SettingLine::Kind::AsItStands, "NYS Uniform Fire Prevention and Building Code"},
     {"local law", &Session::localLaw},
-    {"check screen size", &Session::checkScreenSize},
+    {"check screen size", &Session::checkScreenSize, SettingLine::Kind::AsItStands, "0"},
     {"location of the forms", &Session::formsFolder, SettingLine::Kind::Folder},
 }};
 inline constexpr std::size_t kNeededSettingLines = 15;
+inline constexpr SettingFile kSettingsFile = {"Zelvo.ini", kSettingLines};
 
 /// "def.txt" in the program folder. Its first line repeats the location of the databases.
 inline constexpr std::array<SettingLine, 4> kDefaultLines = {{
@@ -61,6 +75,14 @@ inline constexpr std::array<SettingLine, 4> kDefaultLines = {{
     {"address of the online codes", &Session::onlineCodesAddress},
     {"address of the local codes", &Session::localCodesAddress},
 }};
+inline constexpr SettingFile kDefaultsFile = {"def.txt", kDefaultLines};
+
+/// "browser.txt" in the program folder.
+inline constexpr std::array<SettingLine, 2> kBrowserLines = {{
+    {"browser", &Session::selectedBrowser, SettingLine::Kind::Trimmed},
+    {"use the default browser", &Session::useDefaultBrowser, SettingLine::Kind::Choice, "T"},
+}};
+inline constexpr SettingFile kBrowserFile = {"browser.txt", kBrowserLines};
 
 /// A file of the data folder whose one line is where a kind of record begins its numbers; "-1" leaves that to the
 /// program.
@@ -77,7 +99,7 @@ inline constexpr std::array<SeedFile, 5> kSeedFiles = {{
 }};
 
 /// A file of the data folder that lists one entry a line. Blank lines are skipped; what is beyond the limit is left
-/// out.
+/// out, and kept in the file.
 struct ListFile {
   std::string_view file;
   std::vector<std::string> Session::*list;
@@ -90,9 +112,11 @@ inline constexpr ListFile kFeesFile = {"fees.txt", &Session::feeItems, 30, true,
 inline constexpr ListFile kChecklistFile = {"clist.txt", &Session::checklist, 20, true, false};
 
 /// The two lists of inspection codes, one code a line, blank lines kept.
-inline constexpr std::string_view kBuildingCodesFile = "bins.txt";
-inline constexpr std::string_view kOtherCodesFile = "oins.txt";
-inline constexpr std::size_t kBuildingCodeLimit = 99;
-inline constexpr std::size_t kOtherCodeLimit = 30;
+struct CodeFile {
+  std::string_view file;
+  std::size_t limit;
+};
+inline constexpr CodeFile kBuildingCodesFile = {"bins.txt", 99};
+inline constexpr CodeFile kOtherCodesFile = {"oins.txt", 30};
 
 }  // namespace zelvo

@@ -1,14 +1,12 @@
 #include "shell/settings.h"
 
 #include <algorithm>
-#include <type_traits>
 
 #include "base/files.h"
-#include "base/number.h"
 #include "base/text.h"
 #include "data/data_folder.h"
 #include "data/server_folder.h"
-#include "shell/setting_lines.h"
+#include "shell/setting_values.h"
 
 namespace zelvo {
 
@@ -25,60 +23,13 @@ std::string inDataFolder(const Session& session, std::string_view name) {
 
 /// The lines of a file; none when there is no such file.
 std::vector<std::string> linesIn(std::string_view path) {
-  const auto lines = readLines(path);
-  return lines ? *lines : std::vector<std::string>();
+  return readLines(path, kSettingFileLimit).valueOr({});
 }
 
-template <class Value>
-Value& valueOf(Session& session, Value Session::*member) {
-  return session.*member;
-}
-
-std::string& valueOf(Session& session, std::string Municipality::*member) {
-  return session.municipality.*member;
-}
-
-void take(std::string& value, std::string_view line, SettingLine::Kind kind) {
-  if (kind == SettingLine::Kind::AsItStands)
-    value = line;
-  else
-    value = kind == SettingLine::Kind::Folder ? withoutEndSeparator(trim(line)) : std::string(trim(line));
-}
-
-void take(int& value, std::string_view line, SettingLine::Kind) {
-  value = CInt(Val(line));
-}
-
-void take(bool& value, std::string_view line, SettingLine::Kind) {
-  value = Val(line) != 0;
-}
-
-// The colours of the desktop itself are negative numbers when they are read as signed.
-void take(std::uint32_t& value, std::string_view line, SettingLine::Kind) {
-  const double number = std::clamp(Val(line), -2147483648.0, 4294967295.0);
-  value = static_cast<std::uint32_t>(static_cast<std::int64_t>(number));
-}
-
-void readLine(const SettingLine& setting, std::string_view line, Session& session) {
-  if (setting.kind != SettingLine::Kind::Copy)
-    std::visit([&](auto member) { take(valueOf(session, member), line, setting.kind); }, setting.member);
-}
-
-// A line break within a value would shift all values after it.
-std::string written(const std::string& value) {
-  std::string line = value;
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  return line;
-}
-
-std::string written(bool value) {
-  return value ? "1" : "0";
-}
-
-template <class Number>
-requires std::is_integral_v<Number> std::string written(Number value) {
-  return std::to_string(value);
+void readFile(const SettingFile& file, Session& session) {
+  const auto lines = linesIn(inProgramFolder(session, file.file));
+  for (std::size_t i = 0; i < std::min(lines.size(), file.lines.size()); ++i)
+    readLine(file.lines[i], lines[i], session);
 }
 
 bool readSettingLines(const std::vector<std::string>& lines, Session& session) {
@@ -95,13 +46,8 @@ bool readSettingLines(const std::vector<std::string>& lines, Session& session) {
 }
 
 void readReportHeader(Session& session) {
-  session.reportHeader = readBytes(joinPath(session.formsFolder, "gTitle.rtf")).valueOr("");
-}
-
-void readDefaults(Session& session) {
-  const auto lines = linesIn(inProgramFolder(session, "def.txt"));
-  for (std::size_t i = 0; i < std::min(lines.size(), kDefaultLines.size()); ++i)
-    readLine(kDefaultLines[i], lines[i], session);
+  constexpr std::size_t kLongest = 16u << 20;
+  session.reportHeader = readBytes(joinPath(session.formsFolder, "gTitle.rtf"), kLongest).valueOr("");
 }
 
 // The marker of an import outlives the roll that was imported; only then is it needed. Tables on a server have no
@@ -112,7 +58,7 @@ void readRollMarkers(Session& session) {
 }
 
 void readList(const ListFile& file, Session& session) {
-  const auto lines = readLines(inDataFolder(session, file.file));
+  const auto lines = readLines(inDataFolder(session, file.file), kSettingFileLimit);
   if (!lines && !file.emptyWhenMissing)
     return;
   auto& list = session.*file.list;
@@ -136,7 +82,7 @@ std::size_t readCodes(const std::vector<std::string>& lines, std::size_t limit, 
 }  // namespace
 
 std::string settingsPath(const Session& session) {
-  return inProgramFolder(session, "Zelvo.ini");
+  return inProgramFolder(session, kSettingsFile.file);
 }
 
 bool ReadSettings(Session& session) {
@@ -148,7 +94,7 @@ bool ReadSettings(Session& session) {
 void readSharedFiles(Session& session) {
   ReadNextNumbers(session);
   readReportHeader(session);
-  readDefaults(session);
+  readFile(kDefaultsFile, session);
   readRollMarkers(session);
   session.parcelLayout = parcelLayoutIn(session.dataFolder);
   readList(kFeesFile, session);
@@ -173,28 +119,24 @@ void ReadInspectors(Session& session) {
 }
 
 void ReadInspectionCodes(Session& session) {
-  readCodes(linesIn(inDataFolder(session, kBuildingCodesFile)), kBuildingCodeLimit, session.buildingCodes);
-  const auto others = readLines(inDataFolder(session, kOtherCodesFile));
-  const std::size_t count =
-      readCodes(others ? *others : std::vector<std::string>(), kOtherCodeLimit, session.otherCodes);
+  readCodes(linesIn(inDataFolder(session, kBuildingCodesFile.file)), kBuildingCodesFile.limit, session.buildingCodes);
+  const auto others = readLines(inDataFolder(session, kOtherCodesFile.file), kSettingFileLimit);
+  const std::size_t count = readCodes(others.valueOr({}), kOtherCodesFile.limit, session.otherCodes);
   if (others)
     session.buildingCodes[count + 1].clear();
 }
 
-void readBrowserChoice(Session& session) {
-  const auto lines = linesIn(inProgramFolder(session, "browser.txt"));
-  if (!lines.empty())
-    session.selectedBrowser = trim(lines.front());
-  if (lines.size() > 1)
-    session.useDefaultBrowser = trim(lines[1]) == "F" ? "F" : "T";
+InspectionCodes inspectionCodesInFiles(const Session& session) {
+  const auto codesIn = [&](const CodeFile& file) {
+    auto codes = linesIn(inDataFolder(session, file.file));
+    codes.resize(std::min(codes.size(), file.limit));
+    return codes;
+  };
+  return {codesIn(kBuildingCodesFile), codesIn(kOtherCodesFile)};
 }
 
-Result<void> writeSettings(const Session& session) {
-  Session values = session;
-  std::vector<std::string> lines;
-  for (const SettingLine& setting : kSettingLines)
-    lines.push_back(std::visit([&](auto member) { return written(valueOf(values, member)); }, setting.member));
-  return writeLines(settingsPath(session), lines);
+void readBrowserChoice(Session& session) {
+  readFile(kBrowserFile, session);
 }
 
 }  // namespace zelvo

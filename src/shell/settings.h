@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
 #include "form/session.h"
@@ -33,7 +34,28 @@ void ReadInspectionCodes(Session& session);
 /// "browser.txt" of the program folder: the browser that was chosen, and "T" or "F" for the default one instead.
 void readBrowserChoice(Session& session);
 
-/// Writes "Zelvo.ini" with all its lines from the session.
+/// The inspection codes as their two files hold them, each in its place, none cut: what is edited and written back.
+struct InspectionCodes {
+  std::vector<std::string> building;  ///< at most 99
+  std::vector<std::string> other;     ///< at most 30
+};
+InspectionCodes inspectionCodesInFiles(const Session& session);
+
+// The writers. Each replaces a file whole or not at all, and reading it again gives the values that were written. Lines
+// behind those that the program knows, entries beyond a list's limit among them, are kept; a file that is there and
+// cannot be read is therefore left as it is, and the error says why.
+
+/// "Zelvo.ini" with all its lines.
 Result<void> writeSettings(const Session& session);
+/// "def.txt": data folder, backup folder, the two codes sites.
+Result<void> writeDefaults(const Session& session);
+/// "browser.txt": the chosen browser, and whether the default one is used instead.
+Result<void> writeBrowserChoice(const Session& session);
+/// The five seed files of the data folder.
+Result<void> writeNextNumbers(const Session& session);
+/// "Inspectors.txt" of the data folder, in the spelling in which it is there.
+Result<void> writeInspectors(const Session& session);
+/// "bins.txt" and "oins.txt" of the data folder. ReadInspectionCodes afterwards brings them into the session.
+Result<void> writeInspectionCodes(const Session& session, const InspectionCodes& codes);
 
 }  // namespace zelvo

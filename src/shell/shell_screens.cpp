@@ -1,9 +1,13 @@
 #include "shell/shell_screens.h"
 
+#include "shell/backup/restore_frm.h"
 #include "shell/coords_frm.h"
+#include "shell/help/help.h"
 #include "shell/menu_frm.h"
 #include "shell/notices.h"
+#include "shell/preferences/pref_frm.h"
 #include "shell/psw_frm.h"
+#include "shell/user_mgr.h"
 
 namespace zelvo {
 
@@ -24,6 +28,10 @@ void learnShellScreens(Screens& screens) {
   screens.learn("Preview", make<Preview>);
   screens.learn("MenuFrm", make<MenuFrm>);
   screens.learn("coordsfrm", make<CoordsFrm>);
+  screens.learn("UserMgr", make<UserMgr>);
+  screens.learn("PrefFrm", make<PrefFrm>);
+  screens.learn("restorefrm", make<RestoreFrm>);
+  screens.attachHelp(showHelp);
 }
 
 }  // namespace zelvo

@@ -5,6 +5,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -54,32 +55,46 @@ int openSocket(int flags) {
   return ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | flags, 0);
 }
 
-/// A connection to the copy that holds the name; -1 when nobody of this user does.
-int connectTo(const std::string& name) {
-  const int connection = openSocket(0);
-  const Address address(name);
-  ucred holder{};
-  socklen_t size = sizeof holder;
-  if (connection >= 0 && ::connect(connection, address.get(), address.size) == 0 &&
-      ::getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &holder, &size) == 0 && holder.uid == ::getuid())
-    return connection;
-  if (connection >= 0)
-    ::close(connection);
-  return -1;
-}
+/// A line to the copy that holds the name. That one may be busy for long, and many may have called already: nobody
+/// waits for it to answer.
+class Call {
+ public:
+  explicit Call(const std::string& name) : line_(openSocket(SOCK_NONBLOCK)) {
+    const Address address(name);
+    connected_ = line_ >= 0 && ::connect(line_, address.get(), address.size) == 0;
+    tooMany_ = line_ >= 0 && !connected_ && errno == EAGAIN;
+  }
+  Call(const Call&) = delete;
+  Call& operator=(const Call&) = delete;
+  ~Call() {
+    if (line_ >= 0)
+      ::close(line_);
+  }
 
-bool isHeld(const std::string& name) {
-  const int connection = connectTo(name);
-  if (connection >= 0)
-    ::close(connection);
-  return connection >= 0;
-}
+  /// Whether a copy of this user is there. One that has more callers than it can hold is not asked whose it is.
+  bool found() const { return tooMany_ || (connected_ && isOurs()); }
+  void say(char word) const {
+    if (connected_ && isOurs())
+      (void)::send(line_, &word, 1, MSG_NOSIGNAL);
+  }
+
+ private:
+  bool isOurs() const {
+    ucred holder{};
+    socklen_t size = sizeof holder;
+    return ::getsockopt(line_, SOL_SOCKET, SO_PEERCRED, &holder, &size) == 0 && holder.uid == ::getuid();
+  }
+
+  int line_;
+  bool connected_ = false;
+  bool tooMany_ = false;
+};
 
 /// A socket that listens under the name; -1 when the name is taken.
 int takeName(const std::string& name) {
   const Address address(name);
   const int listening = openSocket(SOCK_NONBLOCK);
-  if (listening < 0 || (::bind(listening, address.get(), address.size) == 0 && ::listen(listening, 8) == 0))
+  if (listening < 0 || (::bind(listening, address.get(), address.size) == 0 && ::listen(listening, SOMAXCONN) == 0))
     return listening;
   ::close(listening);
   return -1;
@@ -99,7 +114,7 @@ SingleInstance::SingleInstance(std::string_view programFolder)
     : name_("zelvo-" + std::to_string(::getuid()) + "-" + digest(canonical(programFolder))) {
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     listening_ = takeName(name_);
-    first_ = listening_ >= 0 || !isHeld(name_);
+    first_ = listening_ >= 0 || !Call(name_).found();
     if (listening_ >= 0 || !first_)
       return;
     ::usleep(kBetweenAttempts);
@@ -112,11 +127,7 @@ SingleInstance::~SingleInstance() {
 }
 
 void SingleInstance::callFirst() const {
-  const int connection = connectTo(name_);
-  if (connection < 0)
-    return;
-  (void)::send(connection, "!", 1, MSG_NOSIGNAL);
-  ::close(connection);
+  Call(name_).say('!');
 }
 
 void SingleInstance::poll() {

@@ -5,7 +5,9 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "data/data_folder.h"
-#include "shell/menu_frm.h"
+#include "shell/desktop_cover.h"
+#include "shell/first_run.h"
+#include "shell/new_office.h"
 #include "shell/settings.h"
 #include "shell/start_up_files.h"
 #include "shell/users.h"
@@ -30,6 +32,12 @@ constexpr std::string_view kUpdateNotice =
     "don't forget to update them manually by selecting 'Check for Updates'\n"
     "and using the 'Local Update' option.";
 
+std::string nobodyCanSignIn(const std::string& why) {
+  return (why.empty() ? "There is no user in the list \"Users.Set\" of the program folder." : why) +
+         "\n\nNobody can sign in until \"Users.Set\" is back: put back a saved copy of it, or copy it from another "
+         "computer of the office.";
+}
+
 // The program's folder becomes the current one, and a relative path would then lead elsewhere.
 std::string absolutePath(std::string_view folder) {
   std::error_code failed;
@@ -46,6 +54,8 @@ void StartUp::Main() {
   resetSession();
   if (isSecondCopy())
     return;
+  if (!readyForWork())
+    return desk_.end("the first start was given up");
   beginLog();
   InitSettings();
   desk_.face.busy(true);
@@ -59,7 +69,7 @@ void StartUp::Main() {
   if (!signIn())
     return desk_.end("sign-in given up");
   showLoading();
-  SetupDesktopCover();
+  SetupDesktopCover(desk_);
   readBrowser();
   SetMenus();
   showMenu();
@@ -90,6 +100,15 @@ bool StartUp::isSecondCopy() {
   return true;
 }
 
+// Before the log, since a first start that is given up leaves nothing behind.
+bool StartUp::readyForWork() {
+  if (!isNewOffice(programFolder_))
+    return true;
+  FirstRun first(desk_, programFolder_);
+  desk_.screens.showModal(first);
+  return first.begun() && !desk_.ended();
+}
+
 void StartUp::beginLog() {
   DeleteFileIfExists(desk_, sessionLogPath(session_));
   std::error_code ignored;
@@ -107,8 +126,10 @@ void StartUp::InitSettings() {
 }
 
 void StartUp::readUserList() {
-  if (const auto read = readUsers(session_); !read)
-    desk_.messages.tell(kTitle, read.error().message, Icon::Exclamation);
+  const auto read = readUsers(session_);
+  const std::string why = read ? "" : read.error().message;
+  if (!read || session_.users.empty())
+    desk_.messages.tell(kTitle, session_.users.empty() ? nobodyCanSignIn(why) : why, Icon::Exclamation);
 }
 
 // Asked only when neither measure is the preferred one: a wide or a high screen shows the old forms well enough.
@@ -203,15 +224,6 @@ void StartUp::showLoading() {
   desk_.face.processEvents();
   desk_.screens.open("LoadingFrm");
   desk_.clock.pause(1);
-}
-
-void StartUp::SetupDesktopCover() {
-  if (alike(trim(session_.desktopPicture), "NONE"))
-    session_.desktopPicture.clear();
-  if (session_.hideDesktop)
-    desk_.screens.open("Preview");
-  else
-    closeScreen("Preview");
 }
 
 void StartUp::readBrowser() {

@@ -10,9 +10,9 @@
 
 namespace zelvo {
 
-/// The way from launch to the main menu, a fixed sequence of steps that "session.log" tells of. It leaves the main menu
-/// open, or the program ended: by a second copy, or a sign-in that was given up. Lives as long as the program, since it
-/// holds the guard against a second copy.
+/// The way from launch to the main menu, a fixed sequence of steps that "session.log" tells of; on a fresh program
+/// folder the office is begun first. It leaves the main menu open, or the program ended: by a second copy, or a first
+/// start or sign-in that was given up. Lives as long as the program, since it holds the guard against a second copy.
 class StartUp {
  public:
   /// The desk's screens must know the shell's screens. The folder of the program may be relative.
@@ -27,6 +27,7 @@ class StartUp {
  private:
   void resetSession();
   bool isSecondCopy();
+  bool readyForWork();
   void beginLog();
   void InitSettings();
   void readUserList();
@@ -42,7 +43,6 @@ class StartUp {
   void closeScreen(std::string_view name);
   bool signIn();
   void showLoading();
-  void SetupDesktopCover();
   void readBrowser();
   void SetMenus();
   void showMenu();

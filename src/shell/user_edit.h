@@ -7,21 +7,16 @@
 
 namespace zelvo {
 
-/// Edits one user of the list. To be shown modally; it closes when the changed user is taken, or given up.
-class UserEdit : public Screen {
+/// The three boxes of a user. To be shown modally; it closes when the user is taken, or given up.
+class UserBoxes : public Screen {
  public:
-  enum class Rights { MayChange, Keep };
-
-  /// Takes the changed user, scrambled, or says why it cannot: then the screen stays open with what was typed.
+  /// Takes the user, scrambled, or says why it cannot: then the screen stays open with what was typed.
   using Keeper = std::function<Result<void>(const User&)>;
-
-  /// The user comes scrambled. With Rights::Keep the access level is only shown.
-  UserEdit(Desk& desk, const User& user, Rights rights, Keeper keep);
 
   void Command1_Click();
 
- private:
-  bool missing(TextBox& box, std::string_view title, std::string_view text);
+ protected:
+  UserBoxes(Desk& desk, std::string_view name, std::string_view caption, Keeper keep);
 
   Label Label1{*this, "Label1", "User ID:"};
   TextBox Text1{*this, "Text1"};
@@ -31,7 +26,27 @@ class UserEdit : public Screen {
   Combo Combo1{*this, "Combo1"};
   Button Command1{*this, "Command1", "OK"};
   Button Command2{*this, "Command2", "Cancel"};
+
+ private:
+  bool missing(Control& box, std::string_view title, std::string_view text);
+
   Keeper keep_;
+};
+
+/// A user to be added to the list.
+class NewFrm : public UserBoxes {
+ public:
+  NewFrm(Desk& desk, Keeper keep);
+};
+
+/// Edits one user of the list.
+class UserEdit : public UserBoxes {
+ public:
+  enum class Rights { MayChange, Keep };
+
+  /// The user comes scrambled. An access level that is none of those offered stays until another one is picked. With
+  /// Rights::Keep the access level is only shown.
+  UserEdit(Desk& desk, const User& user, Rights rights, Keeper keep);
 };
 
 /// The signed-in user edits the own user record, and the list is written at once. Only an administrator can change the

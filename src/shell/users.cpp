@@ -37,9 +37,35 @@ std::vector<User> usersIn(std::string_view text, std::size_t position, std::size
   return users;
 }
 
-std::size_t countIn(std::string_view text, std::size_t& position) {
+Error damaged(const std::string& path, std::string_view how) {
+  return {Trouble::BadInput, "The user list " + path + " is damaged: " + std::string(how) +
+                                 " Users who are missing from it cannot sign in; please put back a saved copy."};
+}
+
+/// The number of users on the first line; nothing when there stands something else.
+std::optional<std::size_t> countIn(std::string_view text, std::size_t& position) {
   const auto values = readCommaValues(text, position, 1);
-  return values.empty() ? 0 : static_cast<std::size_t>(std::max(CLng(Val(values.front())), 0));
+  if (values.empty() || !isNumber(values.front()) || Val(values.front()) < 0)
+    return std::nullopt;
+  return static_cast<std::size_t>(CLng(Val(values.front())));
+}
+
+/// A list that was never written in holds no users; that is no damage.
+UserFile userFileOf(std::string_view text, const std::string& path) {
+  UserFile file;
+  if (trim(text).empty())
+    return file;
+  std::size_t position = 0;
+  const auto count = countIn(text, position);
+  if (!count) {
+    file.damage = damaged(path, "it does not begin with the number of users.");
+    return file;
+  }
+  file.users = usersIn(text, position, *count);
+  if (file.users.size() < *count)
+    file.damage = damaged(
+        path, "of its " + std::to_string(*count) + " users it holds " + std::to_string(file.users.size()) + ".");
+  return file;
 }
 
 }  // namespace
@@ -57,17 +83,28 @@ User scrambled(const User& user) {
   return {scrambled(user.name), scrambled(user.password), scrambled(user.access)};
 }
 
+Result<UserFile> readUserFile(std::string_view programFolder) {
+  constexpr std::size_t kLongest = 1u << 20;
+  const std::string path = usersPath(programFolder);
+  const auto text = readText(path, kLongest);
+  if (!text)
+    return text.error();
+  return userFileOf(*text, path);
+}
+
 Result<void> readUsers(Session& session) {
   session.users.clear();
-  const std::string path = usersPath(session.programFolder);
-  const auto text = readText(path);
-  if (!text)
-    return text.error().trouble == Trouble::NotFound ? Result<void>() : text.error();
-  std::size_t position = 0;
-  const std::size_t count = countIn(*text, position);
-  session.users = usersIn(*text, position, std::min(count, kUserLimit));
+  auto file = readUserFile(session.programFolder);
+  if (!file)
+    return file.error().trouble == Trouble::NotFound ? Result<void>() : file.error();
+  const std::size_t count = file->users.size();
+  session.users = std::move(file->users);
+  session.users.resize(std::min(count, kUserLimit));
+  if (file->damage)
+    return *file->damage;
   if (count > kUserLimit)
-    return Error{Trouble::BadInput, "The user list " + path + " says that it holds " + std::to_string(count) +
+    return Error{Trouble::BadInput, "The user list " + usersPath(session.programFolder) + " holds " +
+                                        std::to_string(count) +
                                         " users. Only the first 100 of them can sign in; an administrator should "
                                         "remove users who have left."};
   return {};
@@ -78,6 +115,10 @@ Result<void> writeUsers(std::string_view programFolder, const std::vector<User>&
   for (const User& user : users)
     lines.push_back(writeCommaRecord({user.name, user.password, user.access}));
   return writeLines(usersPath(programFolder), lines, Access::OwnerOnly);
+}
+
+bool isAdministrator(const User& user) {
+  return alike(scrambled(user.access), "ADMIN");
 }
 
 void CheckPassword(Session& session, std::string_view name, std::string_view password) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,11 +22,23 @@ std::string scrambled(std::string_view text);
 /// The same for each text of a user.
 User scrambled(const User& user);
 
+/// The users of a file, all of them, scrambled, and what is wrong with it, if anything: it tells of more users than it
+/// holds, or is no such list at all.
+struct UserFile {
+  std::vector<User> users;
+  std::optional<Error> damage;
+};
+/// Trouble::NotFound when there is no file.
+Result<UserFile> readUserFile(std::string_view programFolder);
+
 /// Fills the session's list. A missing file leaves it empty. An error says why the list is not whole: it cannot be
-/// read, or names more users than there are slots; the users read so far stay.
+/// read, is damaged, or names more users than there are slots; the users read so far stay.
 Result<void> readUsers(Session& session);
 /// Writes a list of scrambled users, readable for the owner of the file alone.
 Result<void> writeUsers(std::string_view programFolder, const std::vector<User>& users);
+
+/// Whether the user, scrambled, may do everything.
+bool isAdministrator(const User& user);
 
 /// Looks for the user, names and passwords without regard to case. The first user of that name decides: the session's
 /// rights become theirs, and it is signed in when the password is theirs too. An unknown name changes nothing.

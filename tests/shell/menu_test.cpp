@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "data/recordset.h"
+#include "shell/help/help.h"
 #include "shell/menu_frm.h"
 #include "shell/record_openings.h"
 #include "shell/shell_screens.h"
@@ -34,7 +37,8 @@ class MainMenu : public ::testing::Test {
 
 TEST_F(MainMenu, fitsTheUserAndTheComputersPart) {
   learn("PrefFrm");
-  EXPECT_FALSE(menu().userClicks(desk.control(menu(), "defaults")).ok());
+  for (const char* entry : {"defaults", "dosbl", "syncSBL", "restore"})
+    EXPECT_FALSE(menu().userClicks(desk.control(menu(), entry)).ok()) << entry;
   EXPECT_EQ(desk.shown(menu(), "hittheroad"), "Homebound..");
   EXPECT_EQ(desk.shown(menu(), "remotein"), "Read from Master..");
   desk.screens.close(menu());
@@ -81,9 +85,13 @@ TEST_F(MainMenu, saysWhatItCannotDo) {
   learn("APermits");
   std::filesystem::remove_all(folder.file("data"));
   folder.write("data", "a file where the folder should be");
-  desk.expect("Zelvo", "...");
+  bool asked = false;
+  desk.when("noDbfound", [&](Screen& search) {
+    asked = true;
+    desk.click(search, "Command2");
+  });
   desk.click(menu(), "permits");
-  EXPECT_EQ(desk.screens.find("APermits"), nullptr);
+  EXPECT_TRUE(asked && desk.screens.find("APermits") == nullptr);
 
   folder.write("program/converter.exe", "x");
   folder.write("program/Contact.htm", "x");
@@ -91,6 +99,80 @@ TEST_F(MainMenu, saysWhatItCannotDo) {
   desk.click(menu(), "contact");
   EXPECT_EQ(desk.started, (std::vector<std::string>{"\"" + tool + "\"",
                                                     "\"/bin/true\" \"" + folder.file("program/Contact.htm") + "\""}));
+}
+
+TEST_F(MainMenu, everyEntryDoesSomethingOrSaysWhyNot) {
+  desk.session.administrator = desk.session.masterComputer = true;
+  MenuFrm& main = menu();
+  std::vector<std::string> entries;
+  for (const Control* control : main.controls()) {
+    const auto* entry = dynamic_cast<const MenuEntry*>(control);
+    const bool picture = control->kind() == ControlKind::Button;
+    if (picture || (entry && entry->caption != "-" && entry->name() != "Quit"))
+      entries.push_back(control->id());
+  }
+  ASSERT_GT(entries.size(), 35u);
+  int told = 0;
+  desk.answers = [&](const MessageBox& box) {
+    ++told;
+    EXPECT_FALSE(box.text.empty());
+    return presetOf(box);
+  };
+  for (const char* screen : {"coordsfrm", "UserEdit", "restorefrm"})
+    desk.when(screen, [](Screen& itself) { itself.userCloses(); });
+  for (const std::string& entry : entries) {
+    const std::size_t before = desk.came.size() + desk.started.size() + static_cast<std::size_t>(told);
+    desk.click(main, entry);
+    EXPECT_TRUE(desk.came.size() + desk.started.size() + static_cast<std::size_t>(told) > before ||
+                entry == "changepsw" || entry == "backupto")
+        << entry << " does nothing at all";
+    EXPECT_FALSE(desk.desk.ended()) << entry;
+  }
+}
+
+TEST_F(MainMenu, helpShowsThePageOfTheScreen) {
+  const std::string help = folder.file("program/help");
+  EXPECT_EQ(helpPageOf("MenuFrm"), "MenuFrm.html");
+  EXPECT_EQ(helpPageOf("restorefrm"), "backup.html");
+  EXPECT_EQ(helpPageOf("nobody's"), "index.html");
+  desk.click(menu(), "dohelp");
+  desk.screens.open("PswFrm")->userAsksForHelp();
+  ASSERT_EQ(desk.started.size(), 2u);
+  EXPECT_EQ(desk.started[0], "\"/bin/true\" \"" + help + "/index.html\"");
+  EXPECT_EQ(desk.started[1], "\"/bin/true\" \"" + help + "/PswFrm.html\"");
+  folder.write("program/help/index.html", "the page of an earlier program");
+  desk.click(menu(), "dohelp");
+  EXPECT_NE(folder.read("program/help/index.html").find("<html"), std::string::npos);
+
+  std::filesystem::remove_all(help);
+  folder.write("program/help", "a file in its place");
+  desk.temporary = folder.file("elsewhere");
+  desk.click(menu(), "dohelp");
+  EXPECT_EQ(desk.started.back(), "\"/bin/true\" \"" + folder.file("elsewhere/zelvo-help/index.html") + "\"");
+  desk.session.defaultBrowserFound = false;
+  desk.expect("Zelvo", "The help is shown in a web browser, and none was found on this computer. ...");
+  menu().userAsksForHelp();
+  EXPECT_FALSE(desk.desk.ended()) << "what is being typed must not be lost for want of a browser";
+}
+
+// A page that leads nowhere, or tells of a picture that is not there, is worse than none.
+TEST_F(MainMenu, helpPagesLeadToOneAnother) {
+  std::set<std::string_view> names, reached = {"index.html"};
+  for (const HelpPage& page : helpPages())
+    names.insert(page.name);
+  for (const HelpPage& page : helpPages())
+    for (const std::string_view mark : {"href=\"", "src=\""})
+      for (std::size_t at = page.text.find(mark); at != page.text.npos; at = page.text.find(mark, at)) {
+        at += mark.size();
+        const auto target = page.text.substr(at, page.text.find('"', at) - at);
+        const auto file = target.substr(0, target.find('#'));
+        EXPECT_TRUE(file.empty() || names.contains(file)) << page.name << " leads to " << target;
+        reached.insert(file);
+      }
+  for (const std::string_view name : names)
+    EXPECT_TRUE(reached.contains(name)) << name << " is led to from nowhere";
+  for (const HelpPage& page : helpPages())
+    EXPECT_TRUE(page.name == "help.css" || page.text.find("help.css") != page.text.npos) << page.name;
 }
 
 TEST_F(MainMenu, mapTakesPlainDegreesOnly) {
@@ -158,7 +240,7 @@ TEST_F(MainMenu, nobodyIsLockedOutByChangingTheOwnUser) {
     desk.click(edit, "Command1");
     desk.set(edit, "Text1", "Chief");
     desk.set(edit, "Combo1", "USER");
-    desk.expect(" Edit User", "You are the only administrator. Please make another user one first.");
+    desk.expect(" Edit User", "This is the only administrator. Please make another user one first.");
     desk.click(edit, "Command1");
     desk.set(edit, "Combo1", "ADMIN");
     desk.click(edit, "Command1");
@@ -181,6 +263,7 @@ class Unsaved : public Screen {
 TEST_F(MainMenu, quitClosesAllScreensUnlessOneStays) {
   desk.session.screenChanged = desk.displaySwitched = true;
   desk.session.masterComputer = true;
+  desk.session.backupOption = 2;
   desk.screens.learn("Unsaved", [](Desk& its) { return std::make_unique<Unsaved>(its); });
   MenuFrm& main = menu();
   auto& unsaved = dynamic_cast<Unsaved&>(*desk.screens.open("Unsaved"));

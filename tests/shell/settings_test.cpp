@@ -148,6 +148,97 @@ TEST_F(Settings, filesThatHangOnTheSettings) {
   EXPECT_EQ(session.parcelLayout, 13);
 }
 
+TEST_F(Settings, whatIsWrittenIsReadAgain) {
+  writeIni(16);
+  ASSERT_TRUE(ReadSettings(session));
+  session.backupFolder = folder.file("backup");
+  session.onlineCodesAddress = "https://codes/ä";
+  session.selectedBrowser = "/usr/bin/b";
+  session.useDefaultBrowser = "F";
+  session.seeds = {"250", "-1", "7", "", "09"};
+  session.inspectors = {"A. Brown ", "  ", "Zoë, \"Z\""};
+  writeShared("INSPECTORS.TXT", "old\n");
+  for (const auto& written : {writeSettings(session), writeDefaults(session), writeBrowserChoice(session),
+                              writeNextNumbers(session), writeInspectors(session)})
+    EXPECT_TRUE(written.ok());
+  Session again;
+  again.programFolder = session.programFolder;
+  ASSERT_TRUE(ReadSettings(again));
+  ReadInspectors(again);
+  readBrowserChoice(again);
+  EXPECT_EQ(again.backupFolder, session.backupFolder);
+  EXPECT_EQ(again.onlineCodesAddress, session.onlineCodesAddress);
+  EXPECT_EQ(again.selectedBrowser, session.selectedBrowser);
+  EXPECT_EQ(again.useDefaultBrowser, "F");
+  EXPECT_EQ(again.seeds.permit + again.seeds.inspection + again.seeds.affidavit + again.seeds.certificate +
+                again.seeds.violation,
+            "250-1709");
+  EXPECT_EQ(again.inspectors, (std::vector<std::string>{"A. Brown ", "Zoë, \"Z\""}));
+  EXPECT_EQ(folder.read("program/def.txt").substr(0, session.dataFolder.size()), session.dataFolder);
+  EXPECT_FALSE(std::filesystem::exists(folder.file("town/data/Inspectors.txt"))) << "one spelling is kept";
+}
+
+TEST_F(Settings, linesOfOthersAreKept) {
+  writeIni(16);
+  folder.write("program/Zelvo.ini", folder.read("program/Zelvo.ini") + "17 Zo\xEB\r\n18");
+  folder.write("program/browser.txt", "b\nF\nthird");
+  std::string names, codes;
+  for (int i = 1; i <= 52; ++i)
+    names += "Name " + std::to_string(i) + "\n\n";
+  for (int i = 1; i <= 31; ++i)
+    codes += "Code " + std::to_string(i) + "\n";
+  writeShared("Inspectors.txt", names);
+  writeShared("oins.txt", codes);
+  ReadSettings(session);
+  ReadInspectors(session);
+  readBrowserChoice(session);
+  session.inspectors.pop_back();
+  EXPECT_TRUE(writeSettings(session) && writeBrowserChoice(session) && writeInspectors(session));
+  EXPECT_TRUE(writeInspectionCodes(session, {{"Footing"}, {"Complaint"}}));
+  EXPECT_TRUE(folder.read("program/Zelvo.ini").ends_with("\r\n17 Zoë\r\n18\r\n"));
+  EXPECT_EQ(folder.read("program/browser.txt"), "b\r\nF\r\nthird\r\n");
+  EXPECT_TRUE(folder.read("town/data/Inspectors.txt").ends_with("Name 49\r\n\r\nName 51\r\n\r\nName 52\r\n\r\n"));
+  EXPECT_TRUE(folder.read("town/data/oins.txt").ends_with("\r\n\r\nCode 31\r\n"));
+  EXPECT_EQ(inspectionCodesInFiles(session).other.front(), "Complaint");
+  EXPECT_EQ(inspectionCodesInFiles(session).other.size(), 30u) << "the thirty-first stays out of reach";
+}
+
+TEST_F(Settings, codesAreEditedUncut) {
+  session.dataFolder = folder.file("town/data");
+  writeShared("bins.txt", "Footing\nFraming\n\nFinal\n");
+  writeShared("oins.txt", "Complaint\n");
+  ReadInspectionCodes(session);
+  EXPECT_EQ(session.buildingCodes[2], "") << "cut behind as many as there are other codes";
+  auto codes = inspectionCodesInFiles(session);
+  EXPECT_EQ(codes.building, (std::vector<std::string>{"Footing", "Framing", "", "Final"}));
+  codes.other.resize(30);
+  ASSERT_TRUE(writeInspectionCodes(session, codes));
+  EXPECT_EQ(folder.read("town/data/bins.txt"), "Footing\r\nFraming\r\n\r\nFinal\r\n");
+  EXPECT_EQ(folder.read("town/data/oins.txt"), "Complaint\r\n") << "slots left empty are no codes";
+}
+
+TEST_F(Settings, aFileThatCannotBeReadIsNotWrittenOver) {
+  folder.write("program/Zelvo.ini/x", "a folder");
+  folder.write("program/def.txt", std::string(kSettingFileLimit + 1, '\n'));
+  EXPECT_FALSE(writeSettings(session));
+  EXPECT_FALSE(writeDefaults(session));
+  EXPECT_EQ(folder.read("program/def.txt").size(), kSettingFileLimit + 1);
+  EXPECT_FALSE(writeNextNumbers(session)) << "without a data folder there is no place for them";
+}
+
+TEST_F(Settings, oddTextsAreRead) {
+  const std::pair<std::string_view, std::string_view> rows[] = {{"Zo\xEB\r\n", "Zoë"},
+                                                                {"Zo\xC3\xAB\n", "Zoë"},
+                                                                {"\xEF\xBB\xBFZo\xC3\xAB", "Zoë"},
+                                                                {"\r\n \r\nZo\xEB\r\n", "Zoë"}};
+  session.dataFolder = folder.file("town/data");
+  for (const auto& [bytes, name] : rows) {
+    writeShared("Inspectors.txt", bytes);
+    ReadInspectors(session);
+    EXPECT_EQ(session.inspectors, std::vector<std::string>{std::string(name)}) << bytes;
+  }
+}
+
 TEST_F(Settings, onlyAnFRefusesTheDefaultBrowser) {
   const std::pair<std::string_view, std::string_view> rows[] = {
       {"/b\r\nF", "F"}, {"/b\r\n F ", "F"}, {"/b\r\nf", "T"}, {"/b\r\n  T", "T"}, {"/b\r\n\r\n", "T"}, {"/b", ""}};

@@ -124,7 +124,6 @@ TEST_F(Start, screenSizeIsQuestionedOnlyWhenBothMeasuresDiffer) {
 
 TEST_F(Start, missingFilesLeadToTheFallbackWithItsLists) {
   std::filesystem::remove(folder.file("Zelvo.ini"));
-  std::filesystem::remove(folder.file("Users.Set"));
   folder.write("databases/Inspectors.txt", "A. Brown\r\n");
   folder.write("databases/sblversion.txt", "18");
   desk.user.reset();
@@ -174,6 +173,20 @@ TEST_F(Start, secondCopyCallsTheFirstAndTouchesNothing) {
 
   guard->poll();
   guard->poll();
+  EXPECT_EQ(called, 1);
+}
+
+TEST(Guard, doesNotWaitForABusyFirstCopy) {
+  TempFolder folder;
+  SingleInstance first(folder.path());
+  for (int i = 0; i < 50; ++i) {
+    const SingleInstance later(folder.path());
+    ASSERT_FALSE(later.isFirst()) << i;
+    later.callFirst();
+  }
+  int called = 0;
+  first.onActivate = [&] { ++called; };
+  first.poll();
   EXPECT_EQ(called, 1);
 }
 

@@ -49,15 +49,27 @@ TEST(UserList, oddFilesGiveWhatCanBeRead) {
   EXPECT_TRUE(readUsers(session)) << "a missing list is an empty one";
   EXPECT_TRUE(session.users.empty());
 
-  const std::pair<std::string_view, std::size_t> rows[] = {{"", 0},
-                                                           {"-3\r\na,b,c\r\n", 0},
-                                                           {"nonsense\r\na,b,c\r\n", 0},
-                                                           {"5\r\na,b,c\r\nd,e", 1},
-                                                           {"2\na,b,c\nd,e,\"f", 2}};
-  for (const auto& [text, users] : rows) {
-    folder.write("Users.Set", text);
-    EXPECT_TRUE(readUsers(session)) << text;
-    EXPECT_EQ(session.users.size(), users) << text;
+  struct Row {
+    std::string_view text;
+    std::size_t users;
+    bool whole;
+  };
+  const Row rows[] = {{"", 0, true},
+                      {" \r\n", 0, true},
+                      {"0\r\n", 0, true},
+                      {"1\r\na,b,c\r\nd,e,f\r\n", 1, true},
+                      {"\xEF\xBB\xBF"
+                       "1\na,b,c",
+                       1, true},
+                      {"-3\r\na,b,c\r\n", 0, false},
+                      {"nonsense\r\na,b,c\r\n", 0, false},
+                      {"5\r\na,b,c\r\nd,e", 1, false},
+                      {"99999999999999999999\r\na,b,c", 1, false},
+                      {"2\na,b,c\nd,e,\"f", 2, true}};
+  for (const Row& row : rows) {
+    folder.write("Users.Set", row.text);
+    EXPECT_EQ(readUsers(session).ok(), row.whole) << row.text;
+    EXPECT_EQ(session.users.size(), row.users) << row.text;
   }
   std::string many = "103\r\n";
   for (int i = 0; i < 103; ++i)
@@ -65,6 +77,8 @@ TEST(UserList, oddFilesGiveWhatCanBeRead) {
   folder.write("Users.Set", many);
   EXPECT_FALSE(readUsers(session));
   EXPECT_EQ(session.users.size(), kUserLimit);
+  folder.write("Users.Set", std::string(2u << 20, '\n'));
+  EXPECT_FALSE(readUsers(session)) << "no office has so many";
 }
 
 class SignIn : public ::testing::Test {
