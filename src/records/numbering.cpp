@@ -76,15 +76,19 @@ void Numbering::bump() {
   next_ = oneMore(next_);
 }
 
-Result<void> Numbering::storeNext() {
-  bump();
+Result<void> Numbering::noteTaken() const {
   const std::string path = filePath();
+  const std::string after = oneMore(next_);
+  const std::string stored = firstLine(path);
+  if (isUsable(stored) && Val(stored) >= Val(after))
+    return {};
+  return writeLines(path, {after});
+}
+
+void Numbering::moveOn() {
+  bump();
   if (seeded())
     session_.seeds.*rule_.seed = next_;
-  const std::string stored = firstLine(path);
-  if (isUsable(stored) && Val(stored) >= Val(next_))
-    return {};
-  return writeLines(path, {next_});
 }
 
 }  // namespace zelvo

@@ -17,17 +17,19 @@ class Numbering {
   Numbering(Session& session, const NumberingRule& rule) : session_(session), rule_(rule) {}
 
   /// Works out the next number as a screen is opened; the recordset is left on its first record. A high-water file that
-  /// is missing is made; where it cannot be, the screen still opens and storeNext tells of it. Gives what is wrong with
+  /// is missing is made; where it cannot be, the screen still opens and noteTaken tells of it. Gives what is wrong with
   /// the file or the seed that is passed over because it holds no whole number; empty when all is well.
   std::string open(Recordset& records);
 
   const std::string& next() const { return next_; }
   /// One further: the number was taken.
   void bump();
-  /// Notes that the next number was given to a record that is stored now: moves on, and writes the new next number to
-  /// the file that is used, unless another computer has written a higher one there already. To be called while the
-  /// store is held for writing, so that computers take turns.
-  Result<void> storeNext();
+  /// Writes to the file that is used that the next number is given away to a record which is being stored, unless
+  /// another computer has written a higher one there already. To be called while the store is held for writing, so that
+  /// computers take turns.
+  Result<void> noteTaken() const;
+  /// The record is stored: one further, the seed too. One that could not be stored keeps its number for the next try.
+  void moveOn();
   /// Reads the file again: another computer may be further by now.
   void catchUp();
 

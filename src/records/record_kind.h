@@ -36,6 +36,8 @@ struct RecordKind {
   std::string_view caption;  ///< of the window
   std::string_view table;    ///< "BLDGPERM"
   std::string_view noun;     ///< "permit", in the middle of a sentence
+  std::string_view page;     ///< caption of the record page, with its access key: "Per&mit"
+  std::string_view code;     ///< of its attachments' names: "01"
   QuerySlot slot;
   NumberingRule numbering;
   std::span<const ListField> list;

@@ -4,10 +4,10 @@
 
 namespace zelvo {
 
-RecordRows::RecordRows(std::shared_ptr<Recordset> records, std::span<const ListField> fields)
+RecordRows::RecordRows(std::shared_ptr<Recordset> records, const std::vector<ShownColumn>& columns)
     : records_(std::move(records)) {
-  for (const ListField& field : fields)
-    columns_.push_back(records_->table().position(field.column));
+  for (const ShownColumn& shown : columns)
+    columns_.push_back(records_->table().position(shown.column));
 }
 
 std::string RecordRows::cell(std::size_t row, std::size_t column) const {

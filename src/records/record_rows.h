@@ -1,12 +1,11 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <vector>
 
 #include "data/recordset.h"
 #include "form/control.h"
-#include "records/record_kind.h"
+#include "records/list_columns.h"
 
 namespace zelvo {
 
@@ -14,7 +13,7 @@ namespace zelvo {
 /// nothing until somebody looks at a row. A blank cell shows as "--".
 class RecordRows : public ListRows {
  public:
-  RecordRows(std::shared_ptr<Recordset> records, std::span<const ListField> fields);
+  RecordRows(std::shared_ptr<Recordset> records, const std::vector<ShownColumn>& columns);
   std::size_t count() const override { return records_->RecordCount(); }
   std::string cell(std::size_t row, std::size_t column) const override;
 

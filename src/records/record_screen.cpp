@@ -1,28 +1,32 @@
 #include "records/record_screen.h"
 
-#include "base/files.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "data/query_text.h"
+#include "data/no_dbfound.h"
+#include "records/note_frm.h"
 #include "records/record_rows.h"
 
 namespace zelvo {
 
 RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
     : Screen(itsDesk, kind.screen, kind.caption),
-      SSTab1(*this, "SSTab1", {}),
+      SSTab1(*this, "SSTab1", {std::string(kind.page), "L&ist", "Attac&hments"}),
       kind_(kind),
       parcels_(parcels),
-      numbering_(itsDesk.session, kind.numbering) {
+      numbering_(itsDesk.session, kind.numbering),
+      query_(itsDesk.session, kind),
+      list_(*this, itsDesk, kind, query_),
+      attachments_(*this, itsDesk, kind.code) {
   lblVoided.warning = Label28.warning = true;
-  for (Button* button : {&INew, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr,
-                         &recinfod, &iPrint})
+  for (Button* button : {&INew, &ICopy, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext,
+                         &IMoveLast, &ILocate, &iReset, &delr, &recinfod, &iNote, &iPrint})
     button->enabled = false;  // until the records are open
   bindButtons();
 }
 
 void RecordScreen::bindButtons() {
   onClick(INew, [this] { INew_Click(); });
+  onClick(ICopy, [this] { ICopy_Click(); });
   onClick(IAdd, [this] { IAdd_Click(); });
   onClick(IEdit, [this] { IEdit_Click(); });
   onClick(ISave, [this] { ISave_Click(); });
@@ -31,15 +35,39 @@ void RecordScreen::bindButtons() {
   onClick(IMovePrev, [this] { IMovePrev_Click(); });
   onClick(IMoveNext, [this] { IMoveNext_Click(); });
   onClick(IMoveLast, [this] { IMoveLast_Click(); });
+  onClick(ILocate, [this] { ILocate_Click(); });
+  onClick(iReset, [this] { iReset_Click(); });
   onClick(delr, [this] { delr_Click(); });
   onClick(recinfod, [this] { recinfod_Click(); });
+  onClick(iNote, [this] { iNote_Click(); });
   onClick(Quit, [this] { Quit_Click(); });
-  onChoose(ListView1, [this] { ListView1_Click(); });
-  onOpenRow(ListView1, [this] { SSTab1.current = 0; });
+  bindList();
+  bindAttachments();
   IMoveFirst.tip = "First record";
   IMovePrev.tip = "Previous record";
   IMoveNext.tip = "Next record";
   IMoveLast.tip = "Last record";
+  ICopy.tip = "Begin a new record with what this one says";
+  iReset.tip = "Show the whole table again";
+}
+
+void RecordScreen::bindList() {
+  onChoose(list_.ListView1, [this] { ListView1_Click(); });
+  onOpenRow(list_.ListView1, [this] { SSTab1.current = kRecordPage; });
+  onSort(list_.ListView1, [this] { arrangeList(); });
+  onLeave(list_.txtFilter, [this] { arrangeList(); });
+  onClick(list_.cmdColumns, [this] { list_.chooseColumns(); });
+}
+
+void RecordScreen::bindAttachments() {
+  onClick(attachments_.IDoc, [this] { attachments_.showKind(AttachmentKind::Document); });
+  onClick(attachments_.IPic, [this] { attachments_.showKind(AttachmentKind::Picture); });
+  onClick(attachments_.loadp, [this] { loadp_Click(); });
+  onClick(attachments_.nextFile, [this] { NextDoc(); });
+  onClick(attachments_.prevfile, [this] { PrevDoc(); });
+  onClick(attachments_.openFile, [this] { attachments_.open(); });
+  onChoose(attachments_.ListView2, [this] { attachments_.choose(); });
+  onOpenRow(attachments_.ListView2, [this] { attachments_.open(); });
 }
 
 // ---- opening
@@ -52,13 +80,9 @@ void RecordScreen::Form_Activate(bool first) {
 }
 
 bool RecordScreen::openRecords() {
-  CurrentQuery& slot = desk.session.queryFor(kind_.slot);
-  if (slot.connection.empty())
-    slot.connection = connectionText(joinPath(desk.session.dataFolder, findTable(kind_.table)->file));
-  if (slot.query.empty())
-    slot.query = wholeTable();
-  if (const auto read = readRecords(); !read) {
-    desk.messages.tell(" " + caption, read.error().message, Icon::Critical);
+  if (const auto read = openSlot(); !read) {
+    if (read.error().trouble != Trouble::Cancelled)
+      desk.messages.tell(" " + caption, read.error().message, Icon::Critical);
     return false;
   }
   prepareBoxes();
@@ -72,14 +96,22 @@ bool RecordScreen::openRecords() {
   return true;
 }
 
-std::string RecordScreen::wholeTable() const {
-  const Table& table = *findTable(kind_.table);
-  return "Select * from " + std::string(table.name) + " order by [" + std::string(table.browseOrder) + "]";
+// A database that is not where its slot says is looked for: its folder may have been lost since the slot was filled.
+Result<void> RecordScreen::openSlot() {
+  query_.complete();
+  if (!query_.current().connection.empty())
+    if (auto read = readRecords(); read || read.error().trouble != Trouble::NotFound)
+      return read;
+  const auto connection = databaseConnection(desk, findTable(kind_.table)->file);
+  if (!connection)
+    return connection.error();
+  query_.connectTo(*connection);
+  return readRecords();
 }
 
 // Reads the records that the screen's slot of the table of current queries asks for.
 Result<void> RecordScreen::readRecords() {
-  const CurrentQuery& slot = desk.session.queryFor(kind_.slot);
+  const CurrentQuery& slot = query_.current();
   showStatus("Reading database..");
   const auto connection = Connection::open(slot.connection);
   auto read =
@@ -89,8 +121,13 @@ Result<void> RecordScreen::readRecords() {
     return read.error();
   connection_ = *connection;
   datPrimaryRS_ = std::move(*read);
-  fillList();
+  list_.show(datPrimaryRS_);
   return {};
+}
+
+void RecordScreen::readRecordsOrThrow() {
+  if (const auto read = readRecords(); !read)
+    throw StoreError(read.error());
 }
 
 void RecordScreen::prepareBoxes() {
@@ -115,33 +152,19 @@ void RecordScreen::tidyAmounts() {
     box->text = plainAmount(box->text);
 }
 
-void RecordScreen::fillList() {
-  ListView1.columns.clear();
-  for (const ListField& field : kind_.list)
-    ListView1.columns.push_back({std::string(field.caption), field.width, false});
-  ListView1.rows = std::make_shared<RecordRows>(datPrimaryRS_, kind_.list);
-  ListView1.rowsChanged();
-}
-
-void RecordScreen::followHop() {
-  const std::string wanted = std::exchange(desk.session.hop, "");
-  showHopped(wanted);
-  refreshRecord();
-}
-
-void RecordScreen::showHopped(std::string_view wanted) {
-  records().MoveFirst();
-  const auto found = records().Find(columnIs(records().table().key, wanted));
-  if (found && *found)
+// The list was given another filter or order: the same record stays in sight where it is still among them.
+void RecordScreen::arrangeList() {
+  const auto shownNow = records().bookmark();
+  if (!list_.arrange())
     return;
-  std::string noun(kind_.noun);
-  noun.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(noun.front())));
-  desk.messages.tell(" Record(s) not Found",
-                     noun + " " + std::string(wanted) + " to hop, is not found.\nEntire recordset will be displayed.",
-                     Icon::Exclamation);
-  desk.session.queryFor(kind_.slot).query = wholeTable();
-  if (const auto read = readRecords(); !read)
-    throw StoreError(read.error());
+  if (const auto read = readRecords(); !read) {
+    list_.forgetArrangement();
+    query_.showWholeTable();
+    readRecordsOrThrow();
+    desk.messages.tell(" " + caption, read.error().message, Icon::Exclamation);
+  }
+  records().goTo(shownNow);
+  refreshRecord();
 }
 
 // ---- browsing
@@ -167,13 +190,11 @@ void RecordScreen::getdata() {
 // Shows the record that is current now, with all that the office wants to see beside it.
 void RecordScreen::refreshRecord() {
   Recordset& rows = records();
-  ListView1.selected.reset();
+  list_.ListView1.selected.reset();
   clearWarnings();
   if (dbisempty()) {
-    lblStatus.caption = "empty database";
-    clearControls();
-    for (TextBox& box : Text1)
-      box.text.clear();
+    lblStatus.caption = query_.showsWholeTable() ? "empty database" : "no such records";
+    clearPage();
     return enableButtons();
   }
   if (rows.Eof())
@@ -182,7 +203,7 @@ void RecordScreen::refreshRecord() {
     rows.MoveFirst();
   getdata();
   lblStatus.caption = "Record " + std::to_string(rows.AbsolutePosition()) + " of " + std::to_string(rows.RecordCount());
-  ListView1.selected = rows.AbsolutePosition() - 1;
+  list_.ListView1.selected = rows.AbsolutePosition() - 1;
   lblVoided.caption = isVoided() ? "VOIDED" : "";
   if (isVoided())
     delr.caption = "Un&void";
@@ -233,83 +254,8 @@ void RecordScreen::IMoveLast_Click() {
 }
 
 void RecordScreen::ListView1_Click() {
-  if (ListView1.selected && records().goToPosition(*ListView1.selected + 1))
+  if (list_.ListView1.selected && records().goToPosition(*list_.ListView1.selected + 1))
     refreshRecord();
-}
-
-// ---- modes
-
-void RecordScreen::enter(Mode mode) {
-  mode_ = mode;
-  lockRecord(mode == Mode::Browse);
-  if (mode == Mode::Browse)
-    refreshRecord();
-  else
-    enableButtons();
-}
-
-void RecordScreen::lockRecord(bool locked) {
-  for (Control* control : controls())
-    if (control->kind() == ControlKind::TextBox || control->kind() == ControlKind::Combo ||
-        control->kind() == ControlKind::DatePicker || control->kind() == ControlKind::CheckBox)
-      control->locked = locked;
-  if (mode_ == Mode::Edit)
-    Text1(1).locked = true;  // the number is the record's name: fees, inspections and attachments know it by that
-}
-
-void RecordScreen::enableButtons() {
-  const bool browsing = mode_ == Mode::Browse;
-  const bool onRecord = browsing && !dbisempty();
-  INew.enabled = browsing;
-  IAdd.enabled = mode_ == Mode::New;
-  ISave.enabled = mode_ == Mode::Edit;
-  ICancel.enabled = !browsing;
-  for (Button* button : {&IEdit, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr, &recinfod, &iPrint})
-    button->enabled = onRecord;
-  ListView1.enabled = browsing;
-}
-
-void RecordScreen::INew_Click() {
-  returnTo_ = records().bookmark();
-  numbering_.catchUp();
-  clearControls();
-  for (TextBox& box : Text1)
-    box.text.clear();
-  shown_.clear();
-  while (keyInUse(proposedKey()))
-    numbering_.bump();
-  proposed_ = proposedKey();
-  Text1(1).text = proposed_;
-  lblStatus.caption = "New " + std::string(kind_.noun);
-  clearWarnings();
-  SSTab1.current = 0;
-  enter(Mode::New);
-  setFocus(Text1(1), true);
-}
-
-void RecordScreen::IEdit_Click() {
-  readAgain();
-  if (dbisempty())
-    return;
-  returnTo_ = records().bookmark();
-  SSTab1.current = 0;
-  enter(Mode::Edit);
-  setFocus(Text1(2));
-}
-
-void RecordScreen::ICancel_Click() {
-  records().CancelUpdate();
-  readAgain();
-  records().goTo(returnTo_);
-  enter(Mode::Browse);
-}
-
-// What other computers changed since is seen before somebody works on it, not only when it is stored.
-void RecordScreen::readAgain() {
-  if (const auto read = records().Refresh(); !read)
-    throw StoreError(read.error());
-  ListView1.rowsChanged();
-  refreshRecord();
 }
 
 // ---- void, who and when
@@ -338,30 +284,24 @@ void RecordScreen::delr_Click() {
   refreshRecord();
 }
 
+// Only a registered parcel has notes.
+void RecordScreen::iNote_Click() {
+  const std::string parcel = TrimSBL(currentSBL(records(), parcels_.parts));
+  const auto known = parcels_.SBLExists(parcel);
+  if (!known)
+    throw StoreError(known.error());
+  if (!*known)
+    return desk.messages.tell(" Notes", "The parcel " + parcel + " is not in the parcel registry, so it has no notes.");
+  NoteFrm notes(desk, parcels_, parcel);
+  desk.screens.showModal(notes);
+  showParcelWarnings();
+}
+
 void RecordScreen::recinfod_Click() {
   std::string text = records().text("BYUSER");
   if (const auto when = records().get("TSTAMP").moment())
     text += "\n" + datePicture(*when, "dddd, mmmm dd, yyyy") + "\nRecorded time: " + datePicture(*when, "hh:mm AM/PM");
   desk.messages.tell(" Record Information", text);
-}
-
-// ---- leaving
-
-bool RecordScreen::mayLeaveUnsaved() {
-  return mode_ == Mode::Browse ||
-         desk.messages.confirm(" " + caption,
-                               "This " + std::string(kind_.noun) +
-                                   " has not been stored yet.\nDo you want to leave it and lose what you typed?",
-                               Icon::Exclamation, Answer::No);
-}
-
-void RecordScreen::Quit_Click() {
-  if (mayLeaveUnsaved())
-    closeMe();
-}
-
-void RecordScreen::Form_Close() {
-  Quit_Click();
 }
 
 }  // namespace zelvo

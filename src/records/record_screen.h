@@ -1,24 +1,29 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "data/mdb.h"
 #include "data/recordset.h"
 #include "form/desk.h"
+#include "records/attachment_page.h"
+#include "records/conflict_frm.h"
 #include "records/field_copy.h"
+#include "records/list_page.h"
 #include "records/numbering.h"
 #include "records/record_kind.h"
+#include "records/record_query.h"
 
 namespace zelvo {
 
-/// The pattern of every record screen: open the table, browse, new, add, edit, save, void, list, who and when. A kind
-/// of record states what it is (RecordKind), copies what no box shows, and adds its own rules.
+/// The pattern of every record screen: open the table, browse, new, add, edit, save, void, search by example, list, who
+/// and when. A kind of record states what it is (RecordKind), copies what no box shows, and adds its own rules.
 ///
 /// Nothing typed is lost to a refused store: the screen stays in its mode, with its texts, and the add can be tried
 /// again. Adding writes the record, its parcel and the next number so that a crash at any point leaves the record whole
-/// or not at all.
+/// or not at all. Of two people who save the same record the second sees both values of each field, and chooses.
 class RecordScreen : public Screen {
  public:
   RecordScreen(Desk& desk, mdb& parcels, const RecordKind& kind);
@@ -30,6 +35,8 @@ class RecordScreen : public Screen {
   void movefieldsintodb();
 
   void INew_Click();
+  /// A new record that begins with what the current one says.
+  void ICopy_Click();
   void IAdd_Click();
   void IEdit_Click();
   void ISave_Click();
@@ -38,25 +45,39 @@ class RecordScreen : public Screen {
   void IMovePrev_Click();
   void IMoveNext_Click();
   void IMoveLast_Click();
+  /// The first press empties the page for what is looked for, the second finds it.
+  void ILocate_Click();
+  /// Shows the whole table again.
+  void iReset_Click();
   void delr_Click();
   void recinfod_Click();
+  void iNote_Click();
+  void loadp_Click() { attachments_.loadp_Click(); }
+  void NextDoc() { attachments_.NextDoc(); }
+  void PrevDoc() { attachments_.PrevDoc(); }
   void ListView1_Click();
   void Quit_Click();
 
  protected:
-  enum class Mode { Browse, New, Edit };
+  enum class Mode { Browse, New, Edit, Search };
 
   // What a kind of record adds to the pattern.
-  virtual void clearControls() = 0;             ///< blanks what is not a box of the catalogue
-  virtual void showCodedColumns() = 0;          ///< columns that no box shows, to the screen
-  virtual void storeCodedColumns() = 0;         ///< and back; stamps excepted
-  virtual void copyPicksIntoBoxes() {}          ///< combo texts into the boxes that stand for them
+  virtual void clearControls() = 0;         ///< blanks what is not a box of the catalogue
+  virtual void showCodedColumns() = 0;      ///< columns that no box shows, to the screen
+  virtual void storeCodedColumns() = 0;     ///< and back; stamps excepted
+  virtual void copyPicksIntoBoxes() {}      ///< combo texts into the boxes that stand for them
+  virtual void clearForCopy() {}            ///< what a copy of a record does not take over
+  virtual void showSearchControls(bool) {}  ///< controls that only a search has; no date is given at first
+  /// What the kind's own controls add to a search, in pieces that end in " AND ". A control that holds what cannot be
+  /// looked for is told to the user, and gives nothing at all.
+  virtual std::optional<std::string> ownSearchClauses() { return std::string(); }
   virtual std::string proposedKey() const = 0;  ///< the key under the next number
   virtual void bumpKey() = 0;                   ///< puts the key under the number after into its box
   virtual std::string duplicateTitle() const = 0;
   virtual std::string duplicateText() const = 0;
   /// Rules of its own before a record is stored; says what is wrong and gives false.
   virtual bool validateOwn() { return true; }
+  virtual void enableOwnButtons(bool /*browsing*/) {}
   /// The location and the owner that a new parcel is registered under.
   virtual std::string parcelOwner() const = 0;
   virtual std::string parcelLocation() const = 0;
@@ -79,6 +100,7 @@ class RecordScreen : public Screen {
 
   Tabs SSTab1;
   Button INew{*this, "INew", "&New"};
+  Button ICopy{*this, "ICopy", "Cop&y"};
   Button IAdd{*this, "IAdd", "&Add"};
   Button IEdit{*this, "IEdit", "&Edit"};
   Button ISave{*this, "ISave", "&Save"};
@@ -88,30 +110,42 @@ class RecordScreen : public Screen {
   Button IMoveNext{*this, "IMoveNext", ">"};
   Button IMoveLast{*this, "IMoveLast", ">|"};
   Label lblStatus{*this, "lblStatus"};
+  Button ILocate{*this, "ILocate", "&Locate"};
+  Button iReset{*this, "iReset", "Show all"};
   Label lblVoided{*this, "lblVoided"};
   Button delr{*this, "delr", "&Void"};
   Button recinfod{*this, "recinfod", "&Who and When"};
+  Button iNote{*this, "iNote", "Notes"};
   Button iPrint{*this, "iPrint", "&Print"};
   Button Quit{*this, "Quit", "&Quit"};
   Label Label28{*this, "Label28"};
   ControlArray<TextBox> Text1{*this, "Text1"};
-  ListView ListView1{*this, "ListView1"};
+
+  static constexpr std::size_t kRecordPage = 0, kListPage = 1,
+                               kAttachmentPage = 2;  ///< further ones are the kind's own
 
  private:
   void bindButtons();
+  void bindAttachments();
+  void bindList();
   bool openRecords();
+  Result<void> openSlot();
   Result<void> readRecords();
-  std::string wholeTable() const;
+  void readRecordsOrThrow();
   void readAgain();
   bool mayChangeVoid(bool voided);
   void prepareBoxes();
   void followHop();
   void showHopped(std::string_view wanted);
-  void fillList();
+  void arrangeList();
   void enter(Mode mode);
   void enableButtons();
   void showParcelWarnings();
   void clearWarnings();
+  void clearPage();
+  void beginNew();
+  void beginSearch();
+  void find();
   void lockRecord(bool locked);
   bool mayLeaveUnsaved();
 
@@ -127,16 +161,23 @@ class RecordScreen : public Screen {
   void afterStoring();
   void stampRecord();
   void tellStoreFailed(const Error& error);
-  void tellConflict();
+  bool resolveConflict();
+  bool readTheirs();
+  std::string whoChanged() const;
 
   const RecordKind& kind_;
   mdb& parcels_;
   Numbering numbering_;
+  RecordQuery query_;
+  ListPage list_;
+  AttachmentPage attachments_;
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<Recordset> datPrimaryRS_;
   Mode mode_ = Mode::Browse;
   Recordset::Bookmark returnTo_ = -1;
   ShownBoxes shown_;
+  ScreenValues asRead_;    ///< what the page showed when the edit began
+  bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
   std::string proposed_;       ///< the key that INew put on the screen
   std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record

@@ -14,7 +14,6 @@ namespace zelvo {
 bool RecordScreen::validate(bool adding) {
   copyPicksIntoBoxes();
   tidyAmounts();
-  newParcel_.clear();
   return requireFilled() && validateOwn() && (!adding || refuseDuplicate()) && askAboutParcel();
 }
 
@@ -89,6 +88,9 @@ bool RecordScreen::askAboutParcel() {
   const auto known = parcels_.SBLExists(parcel);
   if (!known)
     throw StoreError(known.error());
+  if (!*known && parcel == newParcel_)
+    return true;  // agreed to before a store that was refused
+  newParcel_.clear();
   if (*known)
     return !parcels_.SBLHasViol() ||
            desk.messages.confirm(" Property had a Violation",
@@ -135,7 +137,7 @@ Result<void> RecordScreen::store() {
   if (auto stored = storeParcel(); !stored)
     return stored;
   if (mode_ == Mode::New) {
-    const auto numbered = numbering_.storeNext();
+    const auto numbered = numbering_.noteTaken();
     numberTrouble_ = numbered ? "" : numbered.error().message;
   }
   return transaction->commit();
@@ -153,8 +155,10 @@ void RecordScreen::IAdd_Click() {
   constexpr int kPatience = 100;  // computers that are quicker, one after another
   for (int attempt = 1; validate(true); ++attempt) {
     const auto stored = store();
-    if (stored)
+    if (stored) {
+      numbering_.moveOn();
       return afterStoring();
+    }
     records().CancelUpdate();
     (void)records().Refresh().ok();
     // Another computer may take the number between the check and the store: then the check tells, or moves on.
@@ -165,18 +169,19 @@ void RecordScreen::IAdd_Click() {
 
 void RecordScreen::ISave_Click() {
   numberTrouble_.clear();
-  if (!validate(false))
-    return;
-  const auto stored = store();
-  if (stored)
-    return afterStoring();
-  if (stored.error().trouble == Trouble::Conflict)
-    return tellConflict();
-  tellStoreFailed(stored.error());
+  while ((!conflict_ || resolveConflict()) && validate(false)) {
+    const auto stored = store();
+    if (stored)
+      return afterStoring();
+    if (stored.error().trouble != Trouble::Conflict)
+      return tellStoreFailed(stored.error());
+    conflict_ = true;
+  }
 }
 
 void RecordScreen::afterStoring() {
-  ListView1.rowsChanged();
+  list_.ListView1.rowsChanged();
+  showStatus("");
   enter(Mode::Browse);
   if (!numberTrouble_.empty())
     desk.messages.tell(" " + caption,
@@ -192,13 +197,55 @@ void RecordScreen::tellStoreFailed(const Error& error) {
                      Icon::Critical);
 }
 
-void RecordScreen::tellConflict() {
+// ---- two people, one record
+
+// Shows what someone else stored meanwhile beside what is typed, and takes what the user chose. False, with the typing
+// as it was, when nothing is to be stored now.
+bool RecordScreen::resolveConflict() {
+  const ScreenValues mine = valuesOf(*this);
+  if (!readTheirs())
+    return false;
+  const ScreenValues theirs = valuesOf(*this);
+  const auto called = [this](Control& control) { return desk.face.nameOf(control); };
+  ConflictFrm question(desk, whoChanged(), differences(asRead_, theirs, mine, called));
+  if (!question.fields().empty())
+    desk.screens.showModal(question);
+  if (!question.confirmed() && !question.fields().empty()) {
+    putValues(mine);
+    return false;
+  }
+  for (const DifferingField& field : question.fields())
+    if (field.keepMine)
+      field.control->put(field.mine);
+  asRead_ = theirs;
+  conflict_ = false;
+  return true;
+}
+
+// Puts the record as it lies in the store now on the screen.
+bool RecordScreen::readTheirs() {
   records().CancelUpdate();
-  desk.messages.tell(" " + caption,
-                     "Someone else changed this " + std::string(kind_.noun) +
-                         " while you worked on it. Nothing was overwritten, and what you typed is still on the "
-                         "screen.\nPress Cancel to see the other changes.",
-                     Icon::Exclamation);
+  if (const auto read = records().Refresh(); !read)
+    throw StoreError(read.error());
+  if (!records().goTo(returnTo_)) {
+    desk.messages.tell(
+        " " + caption,
+        "This " + std::string(kind_.noun) + " was removed on another computer. What you typed is still on the screen.",
+        Icon::Exclamation);
+    return false;
+  }
+  getdata();
+  return true;
+}
+
+std::string RecordScreen::whoChanged() const {
+  std::string text = records().text("BYUSER");
+  if (text.empty())
+    text = "Someone else";
+  text += " changed this " + std::string(kind_.noun);
+  if (const auto when = records().get("TSTAMP").moment())
+    text += " on " + datePicture(*when, "mm/dd/yyyy") + " at " + datePicture(*when, "hh:mm AM/PM");
+  return text + ", while you worked on it. Nothing was overwritten. Please choose what is to stand.";
 }
 
 }  // namespace zelvo

@@ -318,23 +318,6 @@ TEST_F(PermitOffice, EditingLeavesWhatNobodyTouchedAsItWas) {
   EXPECT_EQ(now->text("JOB"), "J7");
 }
 
-TEST_F(PermitOffice, RecordChangedBySomeoneElseIsNotOverwritten) {
-  addOther("26-1");
-  APermits& permits = open();
-  at.click(permits, "IEdit");
-  typePermit(permits);
-  auto other = permitsNow();
-  other->set("OWNNAME1", "Their owner");
-  ASSERT_TRUE(other->Update().ok());
-  expectNewParcel();
-  at.expect(" Building Permits", "Someone else changed this permit while you worked on it. ...");
-  at.click(permits, "ISave");
-  EXPECT_EQ(permitsNow()->text("OWNNAME1"), "Their owner");
-  EXPECT_EQ(at.shown(permits, "Text1(18)"), "Smith, John");
-  at.click(permits, "ICancel");
-  EXPECT_EQ(at.shown(permits, "Text1(18)"), "Their owner");
-}
-
 TEST_F(PermitOffice, WhatAnotherComputerChangedIsSeenBeforeItIsWorkedOn) {
   addOther("26-1");
   APermits& permits = open();

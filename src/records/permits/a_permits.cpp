@@ -3,14 +3,12 @@
 #include "base/files.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "data/lookup/parcel_lookup.h"
 #include "records/permits/permit_kind.h"
 
 namespace zelvo {
 
 namespace {
-
-constexpr int kExpirationBox = 13;
-constexpr int kSecondDateBox = 8;
 
 std::vector<std::string> pickList(const Session& session, std::string_view file) {
   std::vector<std::string> entries;
@@ -29,8 +27,8 @@ std::string shownDate(const Value& value) {
 
 APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
     : RecordScreen(itsDesk, parcels, kPermits), letters_(letters) {
-  SSTab1.pages = {"Per&mit", "&List"};
   Text1(42).manyLines = true;
+  DTPicker2.visible = false;
   for (int pick : {32, 33, 39})
     Text1(pick).visible = false;
   for (const RequiredBox& needed : kPermitRequired)
@@ -41,7 +39,10 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
   Text5.maxLength = 15;
   labexpexpired.warning = true;
   loadPickLists();
+  iLook.enabled = false;
+  iLook.tip = "Finds the parcel by its S-B-L, address, owner or roll entry";
   onClick(iPrint, [this] { iPrint_Click(); });
+  onClick(iLook, [this] { iLook_Click(); });
   takeAmounts(Text2);
   onLeave(Text1(kExpirationBox), [this] { leaveExpiration(); });
   onLeave(Text1(kSecondDateBox), [this] { leaveSecondDate(); });
@@ -149,7 +150,7 @@ DateTime APermits::dateOrToday(int box) const {
 
 bool APermits::refuseDate(Control& box, std::string_view text) {
   desk.messages.tell(" Date Error", text, Icon::Critical);
-  SSTab1.current = 0;
+  SSTab1.current = kRecordPage;
   setFocus(box, true);
   return false;
 }
@@ -187,6 +188,30 @@ void APermits::showExpired() {
   const auto expires = parseDate(boxText(*this, kExpirationBox));
   const bool expired = expires && *expires < desk.clock.now().date && !Check3.checked;
   labexpexpired.caption = expired ? "Expired" : "";
+}
+
+// ---- parcels
+
+namespace {
+
+/// The registry and the roll have their words for a text that nobody knows.
+bool isKnown(std::string_view text) {
+  return !trim(text).empty() && text != "UNK" && text != "?";
+}
+
+}  // namespace
+
+void APermits::iLook_Click() {
+  const auto found = lookUpParcel(desk, *this);
+  if (!found)
+    return;
+  const std::string number = Text1(1).text;  // taking a key apart clears this box with those of the parts
+  ExtractSBL(*this, found->key);
+  Text1(1).text = number;
+  for (const auto& [box, text] : {std::pair(18, found->owner), std::pair(34, found->location)})
+    if (boxText(*this, box).empty() && isKnown(text))
+      Text1(box).text = text;
+  setFocus(Text1(34));
 }
 
 bool APermits::PermitExists(std::string_view wanted) {

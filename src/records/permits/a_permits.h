@@ -14,19 +14,27 @@ class APermits : public RecordScreen {
   bool PermitExists(std::string_view key);
   void BumpPermit();
   void iPrint_Click();
+  /// Looks a parcel up for the permit at hand, with its owner and location where none is typed yet.
+  void iLook_Click();
   /// Prints one of the documents of a permit, by its name on the print menu. An error says what stood in the way.
   Result<void> doprint(std::string_view document);
 
  private:
+  static constexpr int kSecondDateBox = 8, kCertificateFeeBox = 10, kFeeBox = 11, kExpirationBox = 13;
+
   void clearControls() override;
   void showCodedColumns() override;
   void storeCodedColumns() override;
   void copyPicksIntoBoxes() override;
+  void clearForCopy() override;
+  void showSearchControls(bool searching) override;
+  std::optional<std::string> ownSearchClauses() override;
   std::string proposedKey() const override;
   void bumpKey() override { BumpPermit(); }
   std::string duplicateTitle() const override { return " Duplicate Permit Number"; }
   std::string duplicateText() const override;
   bool validateOwn() override;
+  void enableOwnButtons(bool browsing) override { iLook.enabled = !browsing; }
   std::string parcelOwner() const override { return boxText(*this, 18); }
   std::string parcelLocation() const override { return boxText(*this, 34); }
 
@@ -46,11 +54,14 @@ class APermits : public RecordScreen {
   // In the order of the Tab key, behind the permit number.
   ControlGroup<TextBox> number_{Text1, {1, 7}};
   DatePicker DTPicker1{*this, "DTPicker1"};
+  DatePicker DTPicker2{*this, "DTPicker2"};  ///< of a search: where the range of dates ends
   ControlGroup<TextBox> dates_{Text1, {8, 13}};
   Label labexpexpired{*this, "labexpexpired"};
   CheckBox Check3{*this, "Check3", "Close&d"};
   CheckBox Check1{*this, "Check1", "Plans on file"};
-  ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6, 9, 62, 63, 34}};
+  ControlGroup<TextBox> parcel_{Text1, {2, 3, 4, 5, 6}};
+  Button iLook{*this, "iLook", "Loo&k up.."};
+  ControlGroup<TextBox> place_{Text1, {9, 62, 63, 34}};
   ControlGroup<TextBox> fees_{Text1, {12, 11, 10}};
   TextBox Text2{*this, "Text2"};
   ControlGroup<TextBox> owner_{Text1, {18, 17, 19, 23, 14}};

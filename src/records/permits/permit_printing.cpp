@@ -1,10 +1,11 @@
-// Printing of permit documents: which letter belongs to which entry of the print menu, and what the letters are filled
-// with.
+// Printing of permit documents: which letter or listing belongs to which entry of the print menu, and what the letters
+// are filled with.
 
 #include "base/files.h"
 #include "base/text.h"
 #include "documents/print_frm.h"
 #include "records/permits/a_permits.h"
+#include "records/permits/permit_reports.h"
 
 namespace zelvo {
 
@@ -45,6 +46,7 @@ std::vector<std::string> documentNames(const Session& session) {
   for (const std::string& line : readLines(joinPath(session.dataFolder, "\\pcustom.txt")).valueOr({}))
     if (!trim(line).empty())
       names.emplace_back(trim(line));
+  names.emplace_back(kMonthlyPermits);
   return names;
 }
 
@@ -70,7 +72,9 @@ void APermits::iPrint_Click() {
   desk.screens.showModal(options);
   if (!options.accepted() || desk.ended())
     return;
-  if (const auto printed = doprint(desk.session.print.type); !printed)
+  const std::string& type = desk.session.print.type;
+  const auto printed = type == kMonthlyPermits ? listMonthlyPermits(desk, parcels(), letters_) : doprint(type);
+  if (!printed)
     desk.messages.tell(" " + caption, printed.error().message, Icon::Critical);
 }
 

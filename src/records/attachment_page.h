@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "form/desk.h"
+#include "form/screen.h"
+#include "records/attachments.h"
+
+namespace zelvo {
+
+/// The page of a record screen that shows the documents or the pictures of the record: a list of them, the picture that
+/// is chosen, and the means to attach another. Its controls belong to the screen; the screen binds their clicks.
+class AttachmentPage {
+ public:
+  AttachmentPage(Screen& screen, Desk& desk, std::string_view code);
+
+  /// The files of the record with that key; of none when it is empty.
+  void show(std::string_view key);
+  void showKind(AttachmentKind kind);
+  void loadp_Click();
+  void NextDoc();
+  void PrevDoc();
+  void choose();  ///< the row that the list has selected
+  void open();
+  void enable(bool onRecord);
+
+  Option IDoc, IPic;
+  Button loadp, prevfile, nextFile, openFile;
+  ListView ListView2;
+  Label lblFile, picFile;
+
+ private:
+  void list();
+  void select(std::size_t row);
+  AttachmentKind kind() const { return IPic.chosen ? AttachmentKind::Picture : AttachmentKind::Document; }
+
+  Desk& desk_;
+  Attachments files_;
+  std::string key_;
+  std::vector<std::string> names_;
+};
+
+}  // namespace zelvo

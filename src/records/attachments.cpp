@@ -1,0 +1,81 @@
+#include "records/attachments.h"
+
+#include <algorithm>
+
+#include "base/file_trouble.h"
+#include "base/files.h"
+#include "base/number.h"
+#include "base/open_file.h"
+#include "base/text.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr int kMostFiles = 100000;  // of one record; a folder that refuses every name is not tried for ever
+
+// A key may hold what no file name can.
+std::string fileKey(std::string_view key) {
+  std::string name(trim(key));
+  std::ranges::replace_if(
+      name, [](char c) { return std::string_view("/\\:*?\"<>|~").find(c) != std::string_view::npos; }, '_');
+  return name;
+}
+
+std::string extensionOf(std::string_view path) {
+  const std::string name = fileNameOf(path);
+  const auto point = name.rfind('.');
+  return point == std::string::npos || point == 0 ? "" : name.substr(point);
+}
+
+double numberOf(std::string_view name) {
+  const auto mark = name.rfind('~');
+  return mark == std::string_view::npos ? 0 : Val(name.substr(mark + 1));
+}
+
+}  // namespace
+
+std::string Attachments::folder(AttachmentKind kind) const {
+  return joinPath(dataFolder_, kind == AttachmentKind::Picture ? "\\pics" : "\\docs");
+}
+
+std::string Attachments::stem(std::string_view key) const {
+  return code_ + fileKey(key) + "~";
+}
+
+std::string Attachments::pathOf(AttachmentKind kind, std::string_view name) const {
+  return joinPath(folder(kind), name);
+}
+
+std::vector<std::string> Attachments::names(AttachmentKind kind, std::string_view key) const {
+  if (trim(key).empty())
+    return {};
+  auto found = listFiles(folder(kind), stem(key) + "*.*");
+  std::ranges::stable_sort(found, {}, numberOf);
+  return found;
+}
+
+Result<std::string> Attachments::attach(AttachmentKind kind, std::string_view key, std::string_view source) const {
+  if (!FileExists(source))
+    return Error{Trouble::NotFound, "The file " + std::string(source) + " cannot be read. Is it still there?"};
+  if (auto made = makeFolder(folder(kind)); !made)
+    return made.error();
+  for (int number = 1; number <= kMostFiles; ++number) {
+    const std::string name = stem(key) + std::to_string(number) + extensionOf(source);
+    const std::string path = pathOf(kind, name);
+    // The name is taken before anything is copied: only one computer can make the file.
+    const OpenFile reserved(path, O_WRONLY | O_CREAT | O_EXCL);
+    if (!reserved.isOpen() && reserved.error() == EEXIST)
+      continue;
+    if (!reserved.isOpen())
+      return fileError(FileDeed::Write, path, reserved.error());
+    if (auto copied = copyFile(source, path); !copied) {
+      (void)deleteFile(path).ok();
+      return copied.error();
+    }
+    return name;
+  }
+  return Error{Trouble::NotFound, "This record has too many files. Remove some from " + folder(kind) + "."};
+}
+
+}  // namespace zelvo

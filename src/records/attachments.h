@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+
+namespace zelvo {
+
+enum class AttachmentKind { Document, Picture };
+
+/// The documents and pictures of one record. They lie in "\docs\" and "\pics\" of the data folder, where every computer
+/// of the office finds them, named by the code of the kind of record, the record's key, "~" and a running number, with
+/// the file's own extension: "0125-134~1.pdf".
+class Attachments {
+ public:
+  /// `code` has two digits: "01" for building permits.
+  Attachments(std::string_view dataFolder, std::string_view code) : dataFolder_(dataFolder), code_(code) {}
+
+  /// The record's files of one kind, by name in the order of their numbers.
+  std::vector<std::string> names(AttachmentKind kind, std::string_view key) const;
+  std::string pathOf(AttachmentKind kind, std::string_view name) const;
+  /// Copies a file to the record, under the first number that is free; gives its new name. Of two computers that attach
+  /// at the same moment each gets a number of its own. The error says why it could not be copied; then nothing is left.
+  Result<std::string> attach(AttachmentKind kind, std::string_view key, std::string_view source) const;
+
+ private:
+  std::string folder(AttachmentKind kind) const;
+  std::string stem(std::string_view key) const;
+
+  std::string dataFolder_;
+  std::string code_;
+};
+
+}  // namespace zelvo

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/recordset.h"
+#include "form/desk.h"
+#include "form/screen.h"
+#include "records/list_columns.h"
+#include "records/record_query.h"
+
+namespace zelvo {
+
+/// The page of a record screen that lists the records: which columns it shows, what it is filtered by and sorted by.
+/// Its controls belong to the screen, which binds their events and reads its records anew when the query changed.
+class ListPage {
+ public:
+  ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQuery& query);
+
+  /// The records that the list shows from now on.
+  void show(std::shared_ptr<Recordset> records);
+  void enable(bool browsing);
+  /// Puts filter and order into the query. False when nothing changed.
+  bool arrange();
+  /// Something else was asked for: filter and order of the list go.
+  void forgetArrangement();
+  void chooseColumns();
+  /// The widths that the user pulled are kept for the next time.
+  void rememberWidths();
+  const std::vector<ShownColumn>& columns() const { return columns_; }
+
+  ListView ListView1;
+  TextBox txtFilter;
+  Button cmdColumns;
+
+ private:
+  void showColumns();
+  std::string filterCondition() const;
+  std::string captionOf(const Column& column) const;
+
+  Screen& screen_;
+  Desk& desk_;
+  const RecordKind& kind_;
+  RecordQuery& query_;
+  std::shared_ptr<Recordset> records_;
+  std::vector<ShownColumn> columns_;
+  std::string arranged_;  ///< filter and order that the query has now
+};
+
+}  // namespace zelvo
