@@ -9,6 +9,7 @@
 #include "console/query_command.h"
 #include "console/script_text.h"
 #include "console/show_command.h"
+#include "form/text_menu.h"
 
 namespace zelvo {
 
@@ -43,8 +44,16 @@ Result<Control*> controlOf(const Desk& desk, std::string_view id) {
   return noControl(**screen, id);
 }
 
+// The entries of the menu over text boxes are pressed by their names in every screen.
+bool isOverText(const Desk& desk, std::string_view name) {
+  const Screen* front = desk.screens.front();
+  return front && isTextMenuEntry(name) && !front->findById(name);
+}
+
 // A click on a list has nothing to press; it opens the row that was chosen, as a double click does.
 Result<void> click(Desk& desk, Conversation&, std::string_view rest) {
+  if (isOverText(desk, trim(rest)))
+    return desk.screens.front()->userPicksFromTextMenu(trim(rest));
   const auto control = controlOf(desk, trim(rest));
   if (!control)
     return control.error();
@@ -71,19 +80,39 @@ Result<void> leave(Desk& desk, Conversation&, std::string_view rest) {
   return (*control)->screen().userLeaves(**control);
 }
 
-Result<void> choose(Desk& desk, Conversation&, std::string_view rest) {
-  const auto control = controlOf(desk, takeWord(rest));
+Result<ListView*> listOf(Desk& desk, std::string_view id) {
+  const auto control = controlOf(desk, id);
   if (!control)
     return control.error();
-  auto* list = dynamic_cast<ListView*>(*control);
+  if (auto* list = dynamic_cast<ListView*>(*control))
+    return list;
+  return failure((*control)->id() + " is no list with rows");
+}
+
+Result<void> choose(Desk& desk, Conversation&, std::string_view rest) {
+  const auto list = listOf(desk, takeWord(rest));
   if (!list)
-    return failure((*control)->id() + " is no list to choose a row of");
+    return list.error();
   if (trim(rest).empty())
     return failure("the row to choose is missing");
-  const auto row = list->findRow(fromScript(rest));
+  const auto row = (*list)->findRow(fromScript(rest));
   if (!row)
-    return failure(list->id() + " has no row \"" + std::string(rest) + "\"");
-  return list->screen().userChooses(*list, *row);
+    return failure((*list)->id() + " has no row \"" + std::string(rest) + "\"");
+  return (*list)->screen().userChooses(**list, *row);
+}
+
+Result<void> sort(Desk& desk, Conversation&, std::string_view rest) {
+  const auto list = listOf(desk, takeWord(rest));
+  if (!list)
+    return list.error();
+  const std::string wanted = fromScript(rest);
+  const auto& columns = (*list)->columns;
+  const auto found = std::find_if(columns.begin(), columns.end(), [&wanted](const ListColumn& column) {
+    return alike(trim(column.caption), trim(wanted));
+  });
+  if (found == columns.end())
+    return failure((*list)->id() + " has no column \"" + wanted + "\"");
+  return (*list)->screen().userSorts(**list, static_cast<std::size_t>(found - columns.begin()));
 }
 
 Result<void> answer(Desk&, Conversation& talk, std::string_view rest) {
@@ -118,6 +147,14 @@ Result<void> closeFront(Desk& desk, Conversation&, std::string_view) {
   return {};
 }
 
+Result<void> help(Desk& desk, Conversation&, std::string_view) {
+  const auto screen = frontScreen(desk);
+  if (!screen)
+    return screen.error();
+  (*screen)->userAsksForHelp();
+  return {};
+}
+
 Result<void> show(Desk& desk, Conversation& talk, std::string_view rest) {
   const std::string_view id = trim(rest);
   if (id.empty()) {
@@ -142,11 +179,18 @@ struct Command {
   bool alone = false;  ///< nothing may stand behind it
 };
 
-constexpr Command kCommands[] = {{"click", click},   {"set", set},
-                                 {"leave", leave},   {"choose", choose},
-                                 {"answer", answer}, {"screen", bringToFront},
-                                 {"show", show},     {"screens", listScreens, true},
-                                 {"query", query},   {"close", closeFront, true}};
+constexpr Command kCommands[] = {{"click", click},
+                                 {"set", set},
+                                 {"leave", leave},
+                                 {"choose", choose},
+                                 {"sort", sort},
+                                 {"answer", answer},
+                                 {"screen", bringToFront},
+                                 {"show", show},
+                                 {"screens", listScreens, true},
+                                 {"query", query},
+                                 {"close", closeFront, true},
+                                 {"help", help, true}};
 
 Error unknownCommand(std::string_view word) {
   std::vector<std::string> words;

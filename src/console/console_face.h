@@ -26,6 +26,7 @@ class ConsoleFace : public Face {
   void waitUntilClosed(Screen& screen) override;
   // A command is carried out only where the program waits for one; in the midst of a long operation there is none.
   void processEvents() override {}
+  std::string nameOf(const Control& control) override { return control.id(); }
   void busy(bool) override {}
 
  private:

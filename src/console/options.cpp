@@ -79,6 +79,7 @@ Runs Zelvo with text instead of windows. It reads one command a line from SCRIPT
   set NAME VALUE         types into a box, picks or types a combo entry, ticks with 1 or 0, sets a date
   leave NAME             the focus leaves the box
   choose NAME ROW        selects a row of a list, by its number from 1 or the text of its first column
+  sort NAME COLUMN       sorts a list by the column of that caption; again, the other way round
   answer TEXT            queues the answer to a coming message or picker
   screen NAME, screens   brings an open screen to the front; lists the open ones, front first
   close                  closes the front screen by its window button

@@ -17,7 +17,20 @@ namespace zelvo {
 
 class Screen;
 
-enum class ControlKind { Label, TextBox, Button, CheckBox, Option, Combo, DatePicker, List, Tabs, Menu, MenuEntry };
+enum class ControlKind {
+  Label,
+  TextBox,
+  Button,
+  CheckBox,
+  Option,
+  Combo,
+  DatePicker,
+  List,
+  Tabs,
+  Sheet,
+  Menu,
+  MenuEntry
+};
 
 /// One control of a screen: a plain value under the name the office knows it by. It registers itself with its screen
 /// and never calls anything: handlers read and write controls, a face writes what the user does and shows what differs.
@@ -42,6 +55,8 @@ class Control {
   /// What the user enters as text: typed, picked or ticked (1 or 0). Refuses what the control cannot take and then
   /// keeps what it had. Runs no handler: that is the screen's.
   Result<void> enter(std::string_view value);
+  /// The same for code that puts back what the control held before; a lock does not stand in its way.
+  void put(std::string_view value) { (void)take(value).ok(); }
 
   bool enabled = true;
   bool visible = true;
@@ -190,6 +205,9 @@ class ListView : public Control {
   std::vector<ListColumn> columns;
   std::shared_ptr<const ListRows> rows;
   std::optional<std::size_t> selected;  ///< from 0; a face keeps it in sight
+  bool sortable = false;                ///< a click on a column's head is something that the screen hears of
+  std::optional<std::size_t> sortedBy;  ///< the column that the rows are in the order of
+  bool descending = false;
   std::uint64_t revision = 0;
 };
 
@@ -215,6 +233,7 @@ class Menu : public Control {
 
   std::string caption;
   bool onBar;
+  bool overTexts = false;  ///< pops up over the text boxes of every screen, instead of over its own window
 };
 
 /// An entry of a menu; a caption of "-" is a line between groups. It can be pressed only while its menu is enabled.

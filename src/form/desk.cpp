@@ -11,18 +11,22 @@ namespace {
 
 constexpr std::string_view kTitle = "Zelvo";
 
+/// Why nothing can be shown on this computer; empty when it has a browser.
+std::string_view whyNoBrowser(const Session& session) {
+  if (!FileExists(trim(session.defaultBrowser)))
+    return "The browser selected cannot be found on your computer. Please contact your administrator.";
+  if (!session.defaultBrowserFound)
+    return "Your default browser does not exists. Please contact your administrator.";
+  return "";
+}
+
 bool refuseWithoutBrowser(Desk& desk) {
-  const Session& session = desk.session;
-  if (!session.defaultBrowserFound || !FileExists(trim(session.defaultBrowser))) {
-    desk.messages.tell(kTitle,
-                       session.defaultBrowserFound
-                           ? "The browser selected cannot be found on your computer. Please contact your administrator."
-                           : "Your default browser does not exists. Please contact your administrator.",
-                       Icon::Critical);
-    desk.end("no browser");
-    return true;
-  }
-  return false;
+  const std::string_view why = whyNoBrowser(desk.session);
+  if (why.empty())
+    return false;
+  desk.messages.tell(kTitle, why, Icon::Critical);
+  desk.end("no browser");
+  return true;
 }
 
 std::string quoted(std::string_view text) {

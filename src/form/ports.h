@@ -10,6 +10,7 @@
 
 namespace zelvo {
 
+class Control;
 class Screen;
 
 // The outside world, as the screens see it. Real ones stand behind the windows; scripted ones in the console and the
@@ -107,6 +108,12 @@ class Desktop {
   virtual Result<void> start(std::string_view commandLine) = 0;
   /// Brings the running copy of the program to the front; told to it by the copy that was started second.
   virtual void activateWindow() = 0;
+  /// The text that was copied last; a desktop without a clipboard keeps it for this program alone.
+  virtual std::string clipboard() { return copied_; }
+  virtual void setClipboard(std::string_view text) { copied_ = text; }
+
+ private:
+  std::string copied_;
 };
 
 class Clock {
@@ -129,6 +136,11 @@ class Face {
   /// Lets the user work until the screen is closed or the program ended.
   virtual void waitUntilClosed(Screen& screen) = 0;
   virtual void processEvents() = 0;
+  /// How the office calls a control: by what stands beside it on its window ("Owner: Address").
+  virtual std::string nameOf(const Control& control) = 0;
+  /// To be called now and then by a handler that works for long: lets the user act in the modal screen in front, so
+  /// that its Cancel can be pressed. That screen's handlers then run inside the one at work.
+  virtual void listen() { processEvents(); }
   virtual void busy(bool hourglass) = 0;
 };
 

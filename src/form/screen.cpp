@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "form/desk.h"
+#include "form/text_menu.h"
 
 namespace zelvo {
 
@@ -37,6 +38,7 @@ Result<void> Screen::refuseUnreachable(const Control& control) const {
 Result<void> Screen::userSets(Control& control, std::string_view value) {
   if (auto refused = refuseUnreachable(control); !refused)
     return refused;
+  noteBox(control);
   if (auto entered = control.enter(value); !entered)
     return entered;
   if (control.kind() == ControlKind::CheckBox || control.kind() == ControlKind::Option)
@@ -62,8 +64,31 @@ Result<void> Screen::userClicks(Control& control) {
 Result<void> Screen::userLeaves(Control& control) {
   if (auto refused = refuseUnreachable(control); !refused)
     return refused;
+  noteBox(control);
   run(control, Event::Leave);
   return {};
+}
+
+void Screen::noteBox(Control& control) {
+  if (auto* box = dynamic_cast<TextBox*>(&control))
+    lastBox_ = box;
+}
+
+Result<void> Screen::userPicksFromTextMenu(std::string_view entry, TextBox* box) {
+  TextBox* meant = box ? box : lastBox_;
+  if (!meant)
+    return Error{Trouble::NotFound, "no text box of " + name_ + " was worked in yet"};
+  if (!desk.screens.reachable(*this) || !meant->visible)
+    return refuseUnreachable(*meant);
+  Result<void> done;
+  guarded([&] { done = pickFromTextMenu(desk, *meant, entry); });
+  if (!done)
+    desk.messages.tell(" " + caption, done.error().message, Icon::Exclamation);
+  return {};
+}
+
+void Screen::userAsksForHelp() {
+  guarded([this] { desk.screens.showHelp(*this); });
 }
 
 Result<void> Screen::userChooses(ListView& list, std::size_t row) {
@@ -80,6 +105,17 @@ Result<void> Screen::userOpensRow(ListView& list, std::size_t row) {
   if (auto chosen = userChooses(list, row); !chosen)
     return chosen;
   run(list, Event::OpenRow);
+  return {};
+}
+
+Result<void> Screen::userSorts(ListView& list, std::size_t column) {
+  if (auto refused = refuseUnreachable(list); !refused)
+    return refused;
+  if (!list.sortable || column >= list.columns.size())
+    return Error{Trouble::BadInput, list.id() + " cannot be sorted by column " + std::to_string(column + 1)};
+  list.descending = list.sortedBy == column && !list.descending;
+  list.sortedBy = column;
+  run(list, Event::Sort);
   return {};
 }
 
@@ -112,6 +148,10 @@ void Screen::onChoose(ListView& list, Handler handler) {
 
 void Screen::onOpenRow(ListView& list, Handler handler) {
   handlers_[{&list, Event::OpenRow}] = std::move(handler);
+}
+
+void Screen::onSort(ListView& list, Handler handler) {
+  handlers_[{&list, Event::Sort}] = std::move(handler);
 }
 
 void Screen::Form_Activate(bool) {}

@@ -37,7 +37,12 @@ class Screen {
   Result<void> userLeaves(Control& control);
   Result<void> userChooses(ListView& list, std::size_t row);
   Result<void> userOpensRow(ListView& list, std::size_t row);  ///< double click, or Enter
+  Result<void> userSorts(ListView& list, std::size_t column);  ///< by the head of a column, from 0
   void userCloses();                                           ///< by the window's own button
+  /// An entry of the menu over the text boxes ("mcopy"), for this box; without one, for the box that was last changed
+  /// or left.
+  Result<void> userPicksFromTextMenu(std::string_view entry, TextBox* box = nullptr);
+  void userAsksForHelp();
 
   /// Called by Screens when it came to the front, the first time included.
   void shownInFront();
@@ -54,6 +59,8 @@ class Screen {
   void onLeave(Control& control, Handler handler);
   void onChoose(ListView& list, Handler handler);
   void onOpenRow(ListView& list, Handler handler);
+  /// The list already says which column it is to be sorted by; asked for the same one again, the other way round.
+  void onSort(ListView& list, Handler handler);
 
   /// Came to the front: `first` when it was just opened.
   virtual void Form_Activate(bool first);
@@ -68,15 +75,17 @@ class Screen {
 
  private:
   friend class Control;
-  enum class Event { Click, Edit, Leave, Choose, OpenRow };
+  enum class Event { Click, Edit, Leave, Choose, OpenRow, Sort };
   void add(Control& control) { controls_.push_back(&control); }
   Result<void> refuseUnreachable(const Control& control) const;
+  void noteBox(Control& control);
   void run(const Control& control, Event event);
   void guarded(const Handler& handler);
 
   std::string name_;
   std::vector<Control*> controls_;
   std::map<std::pair<const Control*, Event>, Handler> handlers_;
+  TextBox* lastBox_ = nullptr;  // that the user worked in
   bool wasShown_ = false;
 };
 

@@ -111,6 +111,11 @@ bool Screens::reachable(const Screen& screen) const {
   return false;
 }
 
+void Screens::showHelp(const Screen& screen) const {
+  if (help_)
+    help_(*desk_, screen.name());
+}
+
 void Screens::sweep() {
   closed_.clear();
 }

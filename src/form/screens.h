@@ -41,6 +41,9 @@ class Screens {
   std::vector<Screen*> all() const;
   /// Whether the user can work in it: it is the front modal one, or no modal one is open.
   bool reachable(const Screen& screen) const;
+  /// Opens the help of a screen; does nothing while no help was attached.
+  void showHelp(const Screen& screen) const;
+  void attachHelp(std::function<void(Desk&, std::string_view screen)> help) { help_ = std::move(help); }
   /// Destroys what was closed; for faces, when no handler runs.
   void sweep();
 
@@ -54,6 +57,7 @@ class Screens {
 
   Desk* desk_ = nullptr;
   std::map<std::string, Factory, std::less<>> factories_;
+  std::function<void(Desk&, std::string_view)> help_;
   std::vector<Place> open_;  // front first
   std::vector<std::unique_ptr<Screen>> closed_;
 };

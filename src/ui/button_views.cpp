@@ -1,9 +1,11 @@
 #include <QButtonGroup>
 #include <QCheckBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -13,6 +15,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/number.h"
 #include "ui/control_view.h"
 #include "ui/qt_text.h"
 #include "ui/style.h"
@@ -57,13 +60,23 @@ class PlainLabel : public QLabel {
   }
 };
 
+// A picture that is larger than its room, or than the display, is shown whole.
+QPixmap pictureOf(const std::string& path, const QSize& most) {
+  const QPixmap picture(QString::fromStdString(systemPath(path)));
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize room = !most.isEmpty() ? most : screen ? screen->size() : picture.size();
+  const bool fits = picture.width() <= room.width() && picture.height() <= room.height();
+  return fits ? picture : picture.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 class LabelView : public ControlView {
  public:
-  LabelView(Label& label, UserActions& actions, QWidget* parent, LayoutRow::Kind kind)
+  LabelView(Label& label, UserActions& actions, QWidget* parent, LayoutRow::Kind kind, QSize room)
       : ControlView(label, actions),
         label_(label),
         widget_(new PlainLabel(parent)),
-        picture_(kind == LayoutRow::Kind::Picture) {
+        picture_(kind == LayoutRow::Kind::Picture),
+        room_(room) {
     widget_->setTextFormat(Qt::PlainText);
     widget_->setWordWrap(label.caption.size() > 60 || label.caption.find('\n') != std::string::npos);
     widget_->pressed = [this] { user.clicks(control_); };
@@ -81,7 +94,7 @@ class LabelView : public ControlView {
     if (shown_ != label_.caption) {
       shown_ = label_.caption;
       if (picture_)
-        widget_->setPixmap(QPixmap(QString::fromStdString(systemPath(shown_))));
+        widget_->setPixmap(pictureOf(shown_, room_));
       else
         widget_->setText(QString::fromStdString(shown_));
     }
@@ -109,9 +122,30 @@ class LabelView : public ControlView {
   Label& label_;
   PlainLabel* widget_;
   bool picture_;
+  QSize room_;
   std::string shown_;
   bool clickable_ = false;
   bool warning_ = false;
+};
+
+class BarView : public ControlView {
+ public:
+  BarView(Label& label, UserActions& actions, QWidget* parent)
+      : ControlView(label, actions), label_(label), widget_(new QProgressBar(parent)) {
+    widget_->setRange(0, 100);
+  }
+  QWidget* widget() const override { return widget_; }
+
+ protected:
+  void showValue() override {
+    const int done = static_cast<int>(Val(label_.caption));
+    if (widget_->value() != done)
+      widget_->setValue(done);
+  }
+
+ private:
+  Label& label_;
+  QProgressBar* widget_;
 };
 
 class ButtonView : public ControlView {
@@ -283,7 +317,12 @@ QAbstractButton* makePush(QWidget* parent, const LayoutRow* row) {
 }  // namespace
 
 std::unique_ptr<ControlView> makeLabelView(Label& label, UserActions& user, QWidget* parent, const LayoutRow* row) {
-  return std::make_unique<LabelView>(label, user, parent, row ? row->kind : LayoutRow::Kind::Field);
+  if (row && row->kind == LayoutRow::Kind::Bar)
+    return std::make_unique<BarView>(label, user, parent);
+  const bool limited = row && row->kind == LayoutRow::Kind::Picture && row->width > 0;
+  const QSize room =
+      limited ? QSize(charactersWide(row->width), row->height * parent->fontMetrics().lineSpacing()) : QSize();
+  return std::make_unique<LabelView>(label, user, parent, row ? row->kind : LayoutRow::Kind::Field, room);
 }
 
 std::unique_ptr<ControlView> makeButtonView(Button& button, UserActions& user, QWidget* parent, const LayoutRow* row) {

@@ -87,6 +87,8 @@ std::unique_ptr<ControlView> makeView(Control& control, UserActions& user, QWidg
       return makeListView(static_cast<ListView&>(control), user, parent);
     case ControlKind::Tabs:
       return makeTabsView(static_cast<Tabs&>(control), user, parent);
+    case ControlKind::Sheet:
+      return makeSheetView(static_cast<SheetPicture&>(control), user, parent);
     case ControlKind::Menu:
     case ControlKind::MenuEntry:
       break;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "form/control.h"
+#include "form/sheet.h"
 #include "ui/layout.h"
 #include "ui/user_actions.h"
 
@@ -66,5 +67,6 @@ std::unique_ptr<ControlView> makeComboView(Combo& combo, UserActions& user, QWid
 std::unique_ptr<ControlView> makeDateView(DatePicker& picker, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeListView(ListView& list, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeTabsView(Tabs& tabs, UserActions& user, QWidget* parent);
+std::unique_ptr<ControlView> makeSheetView(SheetPicture& sheet, UserActions& user, QWidget* parent);
 
 }  // namespace zelvo

@@ -34,6 +34,12 @@ class PageScroll : public QScrollArea {
   QSize minimumSizeHint() const override { return widget()->minimumSizeHint().boundedTo(QSize(260, 60)); }
 };
 
+// What holds nothing takes no room from the rest.
+void hideEmpty(const QWidget* area, QWidget* shown) {
+  if (area && area->layout()->count() == 0)
+    shown->hide();
+}
+
 // Walks down a layout table and builds as it goes.
 class Builder {
  public:
@@ -80,6 +86,7 @@ class Builder {
   std::vector<std::unique_ptr<GroupGrid>> columnGrids_;  // of the present column
   QVBoxLayout* top_;
   QWidget* body_ = nullptr;
+  QScrollArea* bodyView_ = nullptr;
   QWidget* aboveTabs_ = nullptr;
 };
 
@@ -98,7 +105,8 @@ BuiltForm Builder::build() {
   makeViews();
   if (!tabs_) {
     body_ = new QWidget(central_);
-    outer_->addWidget(scrolled(body_), 1);
+    bodyView_ = scrolled(body_);
+    outer_->addWidget(bodyView_, 1);
     startArea(body_, nullptr);
   } else {
     aboveTabs_ = new QWidget(central_);
@@ -109,8 +117,8 @@ BuiltForm Builder::build() {
     place(row);
   placeLeftovers();
   finishColumn();
-  if (aboveTabs_)
-    aboveTabs_->setVisible(aboveTabs_->layout()->count() > 0);
+  hideEmpty(aboveTabs_, aboveTabs_);
+  hideEmpty(body_, bodyView_);
   setTabOrder();
   return std::move(form_);
 }

@@ -124,6 +124,22 @@ void checkOrder(const Screen& screen, const Layout& layout, std::vector<std::str
 
 }  // namespace
 
+std::string captionOf(const Control& control) {
+  const Layout* layout = layoutFor(control.screen().name());
+  std::string group;
+  for (const LayoutRow& row : layout ? layout->rows : std::span<const LayoutRow>()) {
+    if (row.kind == LayoutRow::Kind::Group)
+      group = row.caption;
+    if (row.control != control.id())
+      continue;
+    const std::string own = row.caption.empty() ? ownCaption(control) : std::string(row.caption);
+    const std::string caption = replaceAll(own, "&", "");
+    return group.empty() || caption.empty() || group == caption ? caption.empty() ? group : caption
+                                                                : group + ": " + caption;
+  }
+  return control.id();
+}
+
 std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layout) {
   std::vector<std::string> problems;
   if (layout.screen != screen.name())

@@ -15,7 +15,7 @@ namespace zelvo {
 /// One line of a layout table. A table is read from top to bottom, each row placing one control or opening a part of
 /// the window; the window's own order is toolbar, heading, what stands above the pages, the pages, the foot.
 struct LayoutRow {
-  enum class Kind { Tool, ToolGap, Heading, Page, Column, Group, Field, Beside, Tile, Picture, Foot };
+  enum class Kind { Tool, ToolGap, Heading, Page, Column, Group, Field, Beside, Tile, Picture, Bar, Foot };
   Kind kind;
   std::string_view control;  ///< "Text1(18)"
   std::string_view caption;  ///< what stands before a field, with its access key ("&Owner"), or over a group
@@ -84,9 +84,14 @@ constexpr LayoutRow beside(std::string_view id, std::string_view caption = {}, i
 constexpr LayoutRow tile(std::string_view id, Glyph glyph, int hue) {
   return {LayoutRow::Kind::Tile, id, {}, 0, 1, glyph, hue};
 }
-/// A label whose text is the path of a picture, which is shown instead.
-constexpr LayoutRow picture(std::string_view id) {
-  return {LayoutRow::Kind::Picture, id, {}};
+/// A label whose text is the path of a picture, which is shown instead; no larger than so many characters and lines,
+/// where that is said, and never larger than the display.
+constexpr LayoutRow picture(std::string_view id, int width = 0, int height = 1) {
+  return {LayoutRow::Kind::Picture, id, {}, width, height};
+}
+/// A label that says "37 %", shown as a bar that fills.
+constexpr LayoutRow bar(std::string_view id) {
+  return {LayoutRow::Kind::Bar, id, {}};
 }
 /// A button at the foot of the window.
 constexpr LayoutRow foot(std::string_view id, Glyph glyph = Glyph::None) {
@@ -112,6 +117,10 @@ class StackedLayout {
 
 /// The table of that screen; null when it has none.
 const Layout* layoutFor(std::string_view screen);
+
+/// What stands beside a control on its window, with the caption of its group ("Owner: Address"); its id when nothing
+/// does.
+std::string captionOf(const Control& control);
 
 /// What is wrong between a screen and its table: a visible control that is nowhere or twice, a row for a control that
 /// is not there, a page that the tabs do not have, an access key that is given twice on one page, a control that

@@ -2,7 +2,9 @@
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyle>
 #include <QTableView>
+#include <algorithm>
 #include <utility>
 
 #include "ui/control_view.h"
@@ -34,6 +36,14 @@ class RowsTable : public QTableView {
 
   std::function<void(std::size_t)> wentTo;
   std::function<void(std::size_t)> opens;
+
+  // A window opens wide enough for the columns, and tall enough for a good many rows, where the display has the room.
+  QSize sizeHint() const override {
+    constexpr int kRows = 14;
+    const int rows = horizontalHeader()->sizeHint().height() + kRows * verticalHeader()->defaultSectionSize();
+    const int columns = horizontalHeader()->length() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    return QSize(columns, rows) + QSize(2 * frameWidth(), 2 * frameWidth());
+  }
 
   // Typed letters lead to the first row that begins with them. A long list is in the order of its first column, and is
   // not read through from end to end for one letter.
@@ -113,6 +123,17 @@ class RowsView : public ControlView {
     widget_->wentTo = [this](std::size_t row) { chose(row, false); };
     widget_->opens = [this](std::size_t row) { chose(row, true); };
     watchFocus(widget_);
+    QHeaderView* heads = widget_->horizontalHeader();
+    heads->setSectionsClickable(list_.sortable);
+    QObject::connect(heads, &QHeaderView::sectionClicked, widget_, [this](int column) {
+      if (list_.sortable)
+        user.sorts(list_, static_cast<std::size_t>(column));
+    });
+    QObject::connect(heads, &QHeaderView::sectionResized, widget_, [this](int column, int, int pixels) {
+      if (!placing_ && static_cast<std::size_t>(column) + 1 < list_.columns.size())
+        widths_[static_cast<std::size_t>(column)] = list_.columns[static_cast<std::size_t>(column)].width =
+            charactersIn(pixels - kPadding);
+    });
   }
   QWidget* widget() const override { return widget_; }
 
@@ -122,6 +143,7 @@ class RowsView : public ControlView {
       shown_.reset();
       showWidths();
     }
+    showOrder();
     if (shown_ == list_.selected)
       return;
     shown_ = list_.selected;
@@ -153,15 +175,31 @@ class RowsView : public ControlView {
     if (widths == widths_)
       return;
     widths_ = widths;
+    placing_ = true;
     for (std::size_t column = 0; column < widths_.size(); ++column)
-      widget_->setColumnWidth(static_cast<int>(column), charactersWide(widths_[column]) + 16);
+      widget_->setColumnWidth(static_cast<int>(column), charactersWide(widths_[column]) + kPadding);
+    placing_ = false;
   }
+
+  // The head of the column that the rows are in the order of carries the mark.
+  void showOrder() {
+    QHeaderView* heads = widget_->horizontalHeader();
+    heads->setSortIndicatorShown(list_.sortedBy.has_value());
+    if (list_.sortedBy)
+      heads->setSortIndicator(static_cast<int>(*list_.sortedBy),
+                              list_.descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+  }
+
+  static int charactersIn(int pixels) { return std::max(2, (pixels + charactersWide(1) / 2) / charactersWide(1)); }
+
+  static constexpr int kPadding = 16;
 
   ListView& list_;
   RowsTable* widget_;
   ListModel* model_;
   std::optional<std::size_t> shown_;
   std::vector<int> widths_;
+  bool placing_ = false;  // the widths are being shown, not pulled
 };
 
 }  // namespace

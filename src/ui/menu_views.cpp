@@ -77,9 +77,17 @@ QMenu* addMenu(QMainWindow& window, const Menu& menu) {
   if (menu.onBar)
     return window.menuBar()->addMenu(QString());
   auto* popup = new QMenu(&window);
-  window.centralWidget()->setContextMenuPolicy(Qt::ActionsContextMenu);
-  window.centralWidget()->addAction(popup->menuAction());
+  if (!menu.overTexts)
+    window.centralWidget()->setContextMenuPolicy(Qt::ActionsContextMenu);
   return popup;
+}
+
+// The entries themselves pop up over the window's ground; a menu of menus would be one click more.
+QAction* addEntry(QMainWindow& window, QMenu& into, const Menu& menu) {
+  QAction* action = into.addAction(QString());
+  if (!menu.onBar && !menu.overTexts)
+    window.centralWidget()->addAction(action);
+  return action;
 }
 
 }  // namespace
@@ -95,7 +103,8 @@ std::map<const Control*, std::unique_ptr<ControlView>> makeMenus(QMainWindow& wi
     }
   for (Control* control : screen.controls())
     if (auto* entry = dynamic_cast<MenuEntry*>(control))
-      views[control] = std::make_unique<EntryView>(*entry, user, menus.at(&entry->menu)->addAction(QString()));
+      views[control] =
+          std::make_unique<EntryView>(*entry, user, addEntry(window, *menus.at(&entry->menu), entry->menu));
   return views;
 }
 

@@ -1,10 +1,12 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
 #include <QProcess>
 #include <QScreen>
+#include <QStandardPaths>
 
 #include "base/files.h"
 #include "ui/associations.h"
@@ -12,6 +14,26 @@
 #include "ui/qt_text.h"
 
 namespace zelvo {
+
+namespace {
+
+// The tool speaks to displays of the X kind alone.
+QString displayTool() {
+  return QGuiApplication::platformName() == QStringLiteral("xcb")
+             ? QStandardPaths::findExecutable(QStringLiteral("xrandr"))
+             : QString();
+}
+
+// A program that is named alone may have blanks in its path.
+QStringList partsOf(std::string_view commandLine) {
+  if (FileExists(commandLine))
+    return {qtText(commandLine)};
+  return QProcess::splitCommand(qtText(commandLine));
+}
+
+}  // namespace
+
+QtDesktop::QtDesktop(QtFace& face) : face_(face), display_(displayTool()) {}
 
 std::optional<std::string> QtDesktop::networkUser() {
   const passwd* user = getpwuid(geteuid());
@@ -36,9 +58,12 @@ ScreenSize QtDesktop::screenSize() {
   return {qRound(size.width()), qRound(size.height())};
 }
 
-Result<void> QtDesktop::switchDisplay(ScreenSize size) {
-  return Error{Trouble::Failed, "The display cannot be switched from here. Choose " + std::to_string(size.width) +
-                                    " by " + std::to_string(size.height) + " in the display settings of the desktop."};
+std::string QtDesktop::clipboard() {
+  return QGuiApplication::clipboard()->text().toStdString();
+}
+
+void QtDesktop::setClipboard(std::string_view text) {
+  QGuiApplication::clipboard()->setText(qtText(text));
 }
 
 std::optional<std::string> QtDesktop::programFor(std::string_view path) {
@@ -46,7 +71,7 @@ std::optional<std::string> QtDesktop::programFor(std::string_view path) {
 }
 
 Result<void> QtDesktop::start(std::string_view commandLine) {
-  QStringList parts = QProcess::splitCommand(qtText(commandLine));
+  QStringList parts = partsOf(commandLine);
   if (parts.isEmpty() || parts.first().isEmpty())
     return Error{Trouble::NotFound, "There is no program on this computer that opens " +
                                         (parts.size() > 1 ? parts[1].toStdString() : std::string("this")) + "."};

@@ -7,6 +7,12 @@
 
 namespace zelvo {
 
+namespace {
+
+constexpr int kOftenEnough = 40;  // milliseconds between two looks at the desktop during a long operation
+
+}  // namespace
+
 QtFace::QtFace(Session& session, Screens& screens) : session_(session), screens_(screens) {
   sinceShown_.start();
 }
@@ -63,7 +69,6 @@ void QtFace::closed(Screen& screen) {
 // The line is painted at once; the rest of the desktop gets its turn now and then only, so that telling of a long
 // operation does not hold it up.
 void QtFace::status(Screen& screen, std::string_view) {
-  constexpr int kOftenEnough = 40;  // milliseconds
   ScreenWindow* window = windowOf(screen);
   if (!window)
     return;
@@ -108,6 +113,22 @@ void QtFace::processEvents() {
   refresh();
   QCoreApplication::processEvents(running_ > 0 ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
   leaveLoops();
+}
+
+std::string QtFace::nameOf(const Control& control) {
+  return captionOf(control);
+}
+
+// The modal window takes the mouse and the keys; the windows behind it refuse them.
+void QtFace::listen() {
+  if (sinceShown_.elapsed() < kOftenEnough)
+    return;
+  refresh();
+  const int outside = std::exchange(running_, 0);
+  QCoreApplication::processEvents();
+  running_ = outside;
+  leaveLoops();
+  sinceShown_.restart();
 }
 
 void QtFace::busy(bool hourglass) {

@@ -27,6 +27,8 @@ class QtFace : public Face, private WindowHost {
   void status(Screen& screen, std::string_view text) override;
   void waitUntilClosed(Screen& screen) override;
   void processEvents() override;
+  std::string nameOf(const Control& control) override;
+  void listen() override;
   void busy(bool hourglass) override;
 
   bool handlerRuns() const { return running_ > 0; }
@@ -61,7 +63,7 @@ class QtFace : public Face, private WindowHost {
   int handlers_ = 0;  // begun and not ended, one inside the other
   int running_ = 0;   // of them, those that wait for no screen
   bool hourglass_ = false;
-  QElapsedTimer sinceShown_;
+  QElapsedTimer sinceShown_;  // also since the user was last listened to
 };
 
 }  // namespace zelvo

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "form/ports.h"
+#include "ui/display_mode.h"
 #include "ui/qt_face.h"
 
 namespace zelvo {
@@ -37,21 +38,24 @@ QString chooserFilter(std::string_view filter);
 /// The user's desktop: its user, its display, and the programs that it opens files with.
 class QtDesktop : public Desktop {
  public:
-  explicit QtDesktop(QtFace& face) : face_(face) {}
+  explicit QtDesktop(QtFace& face);
 
   std::optional<std::string> networkUser() override;
   std::string temporaryFolder() override;
   std::string systemFolder() override;
   ScreenSize screenSize() override;
-  /// Always refused: the display of this platform is the desktop's own affair.
-  Result<void> switchDisplay(ScreenSize size) override;
-  void restoreDisplay() override {}
+  /// Refused where the display is the desktop's own affair.
+  Result<void> switchDisplay(ScreenSize size) override { return display_.switchTo(size); }
+  void restoreDisplay() override { display_.restore(); }
   std::optional<std::string> programFor(std::string_view path) override;
   Result<void> start(std::string_view commandLine) override;
   void activateWindow() override { face_.raiseAll(); }
+  std::string clipboard() override;
+  void setClipboard(std::string_view text) override;
 
  private:
   QtFace& face_;
+  DisplayMode display_;
 };
 
 /// The clock on the wall. A pause keeps the windows painted, and lets the user work unless a handler runs.

@@ -225,6 +225,14 @@ void ScreenWindow::opensRow(ListView& list, std::size_t row) {
   act([&] { static_cast<void>(screen_->userOpensRow(list, row)); });
 }
 
+void ScreenWindow::sorts(ListView& list, std::size_t column) {
+  act([&] { static_cast<void>(screen_->userSorts(list, column)); });
+}
+
+void ScreenWindow::picks(TextBox& box, const std::string& entry) {
+  act([&] { static_cast<void>(screen_->userPicksFromTextMenu(entry, &box)); });
+}
+
 void ScreenWindow::complains(const std::string& why) {
   complaint_ = why;
   refresh();
@@ -236,10 +244,12 @@ void ScreenWindow::closeEvent(QCloseEvent* event) {
   act([&] { screen_->userCloses(); });
 }
 
-// Enter presses the button that has the focus, else the one that the screen has for it. Esc presses a button that the
-// screen named for it and does nothing else: it never throws away what was typed.
+// F1 asks for help. Enter presses the button that has the focus, else the one that the screen has for it. Esc presses a
+// button that the screen named for it and does nothing else: it never throws away what was typed.
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   const int key = event->key() == Qt::Key_Enter ? Qt::Key_Return : event->key();
+  if (key == Qt::Key_F1)
+    return act([this] { screen_->userAsksForHelp(); });
   auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
   if (key == Qt::Key_Return && focused) {
     focused->click();

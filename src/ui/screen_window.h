@@ -50,6 +50,8 @@ class ScreenWindow : public QMainWindow, private UserActions {
   void leaves(Control& control) override;
   void chooses(ListView& list, std::size_t row) override;
   void opensRow(ListView& list, std::size_t row) override;
+  void sorts(ListView& list, std::size_t column) override;
+  void picks(TextBox& box, const std::string& entry) override;
   void complains(const std::string& why) override;
 
   void act(const std::function<void()>& doing);

@@ -1,8 +1,11 @@
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 
 #include "base/text.h"
+#include "form/text_menu.h"
 #include "ui/entry_view.h"
+#include "ui/qt_text.h"
 
 namespace zelvo {
 
@@ -52,6 +55,8 @@ class AreaView : public EntryView<QPlainTextEdit> {
       : EntryView(box, actions, new QPlainTextEdit(parent)), box_(box) {
     widget_->setTabChangesFocus(true);
     QObject::connect(widget_, &QPlainTextEdit::textChanged, widget_, [this] { typed(); });
+    widget_->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(widget_, &QWidget::customContextMenuRequested, widget_, [this](QPoint at) { popUp(at); });
   }
 
  protected:
@@ -65,6 +70,24 @@ class AreaView : public EntryView<QPlainTextEdit> {
   }
 
  private:
+  // Copying and pasting are the desktop's own, which know what is selected; the files are the program's.
+  void popUp(QPoint at) {
+    QMenu* menu = widget_->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addSeparator();
+    for (const TextMenuEntry& entry : textMenu()) {
+      const bool obtains = entry.name == "loadp";
+      if (!obtains && entry.name != "savep")
+        continue;
+      QAction* action = menu->addAction(qtText(entry.caption));
+      action->setObjectName(qtText(entry.name));
+      action->setEnabled(!obtains || !box_.locked);
+      const std::string name(entry.name);
+      QObject::connect(action, &QAction::triggered, widget_, [this, name] { user.picks(box_, name); });
+    }
+    menu->popup(widget_->viewport()->mapToGlobal(at));
+  }
+
   // A text keeps the kind of line end that it came with.
   void typed() {
     const std::string text = widget_->toPlainText().toStdString();

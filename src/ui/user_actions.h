@@ -17,6 +17,9 @@ class UserActions {
   virtual void leaves(Control& control) = 0;
   virtual void chooses(ListView& list, std::size_t row) = 0;
   virtual void opensRow(ListView& list, std::size_t row) = 0;
+  virtual void sorts(ListView& list, std::size_t column) = 0;
+  /// An entry of the menu that pops up over text boxes.
+  virtual void picks(TextBox& box, const std::string& entry) = 0;
   /// What was typed cannot be taken; said at the foot of the window.
   virtual void complains(const std::string& why) = 0;
 };

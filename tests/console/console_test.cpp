@@ -117,8 +117,8 @@ TEST(Console, PlaysTheOutsideWorld) {
 TEST(Console, StopsAtACommandThatCannotBeCarriedOut) {
   const Talk talks[] = {
       {"no command", "press IAdd",
-       "\"press\" is no command; the commands are click, set, leave, choose, answer, "
-       "screen, show, screens, query, close"},
+       "\"press\" is no command; the commands are click, set, leave, choose, sort, "
+       "answer, screen, show, screens, query, close, help"},
       {"no such control", "click IVoid", "the screen Counter has no control \"IVoid\""},
       {"two names", "click IAdd IAsk", "the screen Counter has no control \"IAdd IAsk\""},
       {"no name", "set", "the name of a control is missing"},
@@ -134,7 +134,7 @@ TEST(Console, StopsAtACommandThatCannotBeCarriedOut) {
       {"not in the list of the combo", "set Combo1 Barn", "Combo1 cannot take \"Barn\": it is not in its list."},
       {"no such row", "choose ListView1 3", "ListView1 has no row \"3\""},
       {"no row given", "choose ListView1", "the row to choose is missing"},
-      {"no list", "choose Text1(18) 1", "Text1(18) is no list to choose a row of"},
+      {"no list", "choose Text1(18) 1", "Text1(18) is no list with rows"},
       {"no row chosen yet", "click ListView1", "ListView1 has no chosen row to open"},
       {"no such screen", "screen Journal", "no screen \"Journal\" is open"},
       {"too many words", "close Counter", "close stands alone on its line"},

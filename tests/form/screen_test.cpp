@@ -174,6 +174,10 @@ TEST(OpenDocumentTest, CommandDependsOnTheKindOfDocument) {
 }
 
 TEST(OpenDocumentTest, ProgramEndsWithoutABrowser) {
+  ScriptedDesk none;
+  none.expect("Zelvo", "The browser selected cannot be found on your computer. Please contact your administrator.");
+  OpenDocument(none.desk, "HTTP://codes.example");
+  EXPECT_TRUE(none.desk.ended());
   ScriptedDesk at;
   at.session.defaultBrowser = "/nowhere/browser ";
   at.session.defaultBrowserFound = true;

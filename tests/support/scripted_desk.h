@@ -50,6 +50,8 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
     return *found;
   }
 
+  /// Takes the messages that nothing above expects, when it is set: for work whose messages depend on chance.
+  std::function<Answer(const MessageBox&)> answers;
   Session session;
   Screens screens;
   DateTime time{{2026, 3, 9}, 10 * 3600 + 15 * 60};
@@ -63,6 +65,7 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
   std::vector<std::string> started;
   std::vector<std::string> statusLines;
   std::vector<std::string> came;  ///< names of the screens as they came to the front
+  std::function<void()> meanwhile;  ///< what the user does while long work listens
   double paused = 0;
   bool displaySwitched = false;
   Desk desk{session, *this, *this, *this, *this, *this, *this, screens};
@@ -78,6 +81,8 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
   }
 
   Answer ask(const MessageBox& box) override {
+    if (expected_.empty() && answers)
+      return answers(box);
     if (expected_.empty()) {
       ADD_FAILURE() << "unexpected message: [" << box.title << "] " << box.text;
       return presetOf(box);
@@ -145,6 +150,11 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
       screens.close(screen);
   }
   void processEvents() override {}
+  std::string nameOf(const Control& control) override { return control.id(); }
+  void listen() override {
+    if (meanwhile)
+      meanwhile();
+  }
   void busy(bool) override {}
 
   std::deque<Expected> expected_;

@@ -60,6 +60,8 @@ struct Nobody : UserActions {
   void leaves(Control&) override {}
   void chooses(ListView&, std::size_t) override {}
   void opensRow(ListView&, std::size_t) override {}
+  void sorts(ListView&, std::size_t) override {}
+  void picks(TextBox&, const std::string&) override {}
   void complains(const std::string&) override {}
 };
 

@@ -8,7 +8,16 @@
 #include "app/house/house.h"
 #include "base/files.h"
 #include "data/connection.h"
+#include "data/lookup/sync_sbl.h"
+#include "data/no_dbfound.h"
 #include "documents/print_frm.h"
+#include "documents/reports/report_frm.h"
+#include "records/columns_frm.h"
+#include "records/conflict_frm.h"
+#include "records/note_frm.h"
+#include "shell/backup/progress_frm.h"
+#include "shell/first_run.h"
+#include "shell/preferences/pref_frm.h"
 #include "shell/user_edit.h"
 #include "support/scripted_desk.h"
 #include "support/temp_folder.h"
@@ -51,16 +60,46 @@ class OfficeLayouts : public ::testing::Test {
 };
 
 TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
-  for (const char* name :
-       {"PswFrm", "pswhelp", "MenuFrm", "frmAbout", "LoadingFrm", "coordsfrm", "Preview", "APermits"}) {
+  for (const char* name : {"PswFrm", "pswhelp", "MenuFrm", "frmAbout", "LoadingFrm", "coordsfrm", "Preview", "UserMgr",
+                           "LabelFrm", "restorefrm", "PrefFrm", "APermits"}) {
     Screen* screen = at.screens.open(name);
     ASSERT_NE(screen, nullptr) << name;
     check(*screen);
   }
   UserEdit user(at.desk, User{}, UserEdit::Rights::MayChange, {});
   check(user);
+  NewFrm fresh(at.desk, {});
+  check(fresh);
+  ProgressFrm waiting(at.desk, "Backup", "Backing up", {});
+  check(waiting);
+  FirstRun first(at.desk, folder.path());
+  check(first);
+  ConflictFrm conflict(at.desk, "Somebody changed it.", {});
+  check(conflict);
+  ColumnsFrm columns(at.desk, {}, {});
+  check(columns);
+  mdb parcels(at.session);
+  NoteFrm notes(at.desk, parcels, "12-0-0-3-45");
+  check(notes);
+  EntryFrm entry(at.desk, "Code", "FOOTING");
+  check(entry);
   PrintFrm options(at.desk, "Print Permit 26-1", {"Building Permit"});
   check(options);
+  ReportFrm period(at.desk, "Monthly permits");
+  check(period);
+}
+
+TEST_F(OfficeLayouts, PlaceTheParcelsToo) {
+  for (const char* name : {"sblloc", "adloc", "conloc", "rpsloc", "sblinfo", "SBLEdit"}) {
+    Screen* screen = at.screens.open(name);
+    ASSERT_NE(screen, nullptr) << name;
+    check(*screen);
+  }
+  mdb parcels(at.session);
+  syncSBL synchronizing(at.desk, parcels);
+  check(synchronizing);
+  noDbfound search(at.desk, *findTable("BLDGPERM"), "/lost/db1.mdb");
+  check(search);
 }
 
 TEST_F(OfficeLayouts, WhatIsGivenUpNeedNotBeRight) {

@@ -1,5 +1,7 @@
 #include "app/house/house.h"
 
+#include "data/lookup/lookup_screens.h"
+#include "documents/labels/label_frm.h"
 #include "records/permits/a_permits.h"
 #include "shell/shell_screens.h"
 
@@ -7,10 +9,12 @@ namespace zelvo {
 
 House::House(Desk& desk) : parcels_(desk.session), letters_(desk) {
   learnShellScreens(desk.screens);
+  learnParcelScreens(desk.screens, parcels_);
   learnRecordScreens(desk.screens);
 }
 
 void House::learnRecordScreens(Screens& screens) {
+  screens.learn("LabelFrm", [this](Desk& desk) { return std::make_unique<LabelFrm>(desk, labels_); });
   screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels_, letters_); });
 }
 

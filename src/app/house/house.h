@@ -3,13 +3,14 @@
 #include <string_view>
 
 #include "data/mdb.h"
+#include "documents/labels/label_layout.h"
 #include "documents/letter.h"
 #include "form/desk.h"
 
 namespace zelvo {
 
 /// Everything between the store and the faces, put together: it makes every screen known by its name, and holds what
-/// record screens share, the parcel registry and the letters. Must outlive the screens of its desk.
+/// record screens share, the parcel registry, the letters and the labels. Must outlive the screens of its desk.
 class House {
  public:
   explicit House(Desk& desk);
@@ -21,6 +22,7 @@ class House {
 
   mdb parcels_;
   LetterPrinter letters_;
+  LabelSettings labels_;
 };
 
 }  // namespace zelvo

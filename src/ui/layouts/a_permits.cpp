@@ -8,6 +8,7 @@ namespace {
 // of their column; numbers that belong together share a line.
 constexpr LayoutRow kAPermitsRows[] = {
     tool("INew", Glyph::New),
+    tool("ICopy", Glyph::Document),
     tool("IAdd", Glyph::Add),
     tool("IEdit", Glyph::Edit),
     tool("ISave", Glyph::Save),
@@ -19,8 +20,11 @@ constexpr LayoutRow kAPermitsRows[] = {
     tool("IMoveNext", Glyph::Next, "Alt+Right"),
     tool("IMoveLast", Glyph::Last, "Alt+End"),
     toolGap(),
+    tool("ILocate", Glyph::Find),
+    tool("iReset", Glyph::Reset),
     tool("delr", Glyph::Void),
     tool("recinfod", Glyph::Info),
+    tool("iNote", Glyph::Pen),
     tool("iPrint", Glyph::Print),
     tool("Quit", Glyph::Quit),
     tool("lblVoided"),
@@ -32,7 +36,8 @@ constexpr LayoutRow kAPermitsRows[] = {
     field("Text1(1)", "Permit no.", 12),
     beside("Text1(7)", "File no.", 8),
     field("DTPicker1", "Permit date", 12),
-    beside("Text1(8)", "Second date", 12),
+    beside("DTPicker2", "and before", 12),
+    field("Text1(8)", "Second date", 12),
     field("Text1(13)", "E&xpires", 12),
     beside("labexpexpired"),
     field("Check3"),
@@ -43,7 +48,8 @@ constexpr LayoutRow kAPermitsRows[] = {
     field("Text1(4)", "Lot", 8),
     beside("Text1(5)", "Lot suffix", 8),
     field("Text1(6)", "Sub-lot", 8),
-    beside("Text1(9)", "Zoned", 10),
+    beside("iLook"),
+    field("Text1(9)", "Zoned", 10),
     field("Text1(62)", "Unit type", 2),
     beside("Text1(63)", "Unit no.", 6),
     field("Text1(34)", "Location"),
@@ -92,6 +98,23 @@ constexpr LayoutRow kAPermitsRows[] = {
 
     page(1),
     field("ListView1", {}, 0, kFill),
+    field("txtFilter", "Only with", 30),
+    beside("cmdColumns"),
+
+    page(2),
+    column(2),
+    group("Files of this record"),
+    field("IDoc"),
+    beside("IPic"),
+    beside("loadp"),
+    field("prevfile"),
+    beside("nextFile"),
+    beside("openFile"),
+    field("lblFile"),
+    field("ListView2", {}, 0, kFill),
+    column(3),
+    group("Picture"),
+    picture("picFile", 80, 26),
 };
 
 }  // namespace

@@ -5,7 +5,8 @@ namespace zelvo {
 namespace {
 
 constexpr LayoutRow kAboutRows[] = {
-    heading("lblTitle"), group(), field("lblPurpose"), field("lblMunicipality"), foot("cmdOK"),
+    heading("lblTitle"), group(),          field("lblPurpose"), field("lblMunicipality"),
+    field("lblVersion"), field("lblData"), foot("cmdOK"),
 };
 
 constexpr LayoutRow kLoadingRows[] = {

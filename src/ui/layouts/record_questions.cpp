@@ -1,0 +1,33 @@
+#include "ui/layouts/layouts.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr LayoutRow kConflictFrmRows[] = {
+    group(),         field("Label1", {}, 70, 2), field("ListView1", {}, 0, kFill), foot("cmdTurn"),
+    foot("cmdMine"), foot("cmdTheirs"),          foot("cmdOK", Glyph::Save),       foot("cmdCancel", Glyph::Cancel),
+};
+
+constexpr LayoutRow kColumnsFrmRows[] = {
+    group(),         field("ListView1", {}, 44, 18),
+    foot("cmdTurn"), foot("cmdUp"),
+    foot("cmdDown"), foot("cmdUsual"),
+    foot("cmdOK"),   foot("cmdCancel"),
+};
+
+constexpr LayoutRow kNoteFrmRows[] = {
+    group(),
+    field("Label1"),
+    field("Text1", {}, 60, 10),
+    foot("cmdSave", Glyph::Save),
+    foot("cmdCancel", Glyph::Cancel),
+};
+
+}  // namespace
+
+const Layout kConflictFrmLayout{"ConflictFrm", kConflictFrmRows};
+const Layout kColumnsFrmLayout{"ColumnsFrm", kColumnsFrmRows};
+const Layout kNoteFrmLayout{"NoteFrm", kNoteFrmRows};
+
+}  // namespace zelvo
