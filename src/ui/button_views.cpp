@@ -78,7 +78,6 @@ class LabelView : public ControlView {
         picture_(kind == LayoutRow::Kind::Picture),
         room_(room) {
     widget_->setTextFormat(Qt::PlainText);
-    widget_->setWordWrap(label.caption.size() > 60 || label.caption.find('\n') != std::string::npos);
     widget_->pressed = [this] { user.clicks(control_); };
     if (kind == LayoutRow::Kind::Heading) {
       QFont letters = widget_->font();
@@ -96,7 +95,7 @@ class LabelView : public ControlView {
       if (picture_)
         widget_->setPixmap(pictureOf(shown_, room_));
       else
-        widget_->setText(QString::fromStdString(shown_));
+        showText();
     }
     if (clickable_ != label_.clickable) {
       clickable_ = label_.clickable;
@@ -109,6 +108,13 @@ class LabelView : public ControlView {
   }
 
  private:
+  // What is long takes a second line rather than a wider window.
+  void showText() {
+    constexpr std::size_t kOneLine = 60;
+    widget_->setWordWrap(shown_.size() > kOneLine || shown_.find('\n') != std::string::npos);
+    widget_->setText(QString::fromStdString(shown_));
+  }
+
   void showWarning() {
     QFont letters = widget_->font();
     letters.setBold(warning_);

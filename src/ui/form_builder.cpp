@@ -28,7 +28,7 @@ class PageScroll : public QScrollArea {
  public:
   using QScrollArea::QScrollArea;
   QSize sizeHint() const override {
-    const QSize size = widget()->sizeHint();
+    const QSize size = widget()->layout()->sizeHint();  // the page's own counts what it can do with, lists cut short
     return QSize(size.width(), std::max(size.height(), widget()->heightForWidth(size.width()))) + QSize(2, 2);
   }
   QSize minimumSizeHint() const override { return widget()->minimumSizeHint().boundedTo(QSize(260, 60)); }
@@ -236,7 +236,7 @@ void Builder::place(const LayoutRow& row) {
     placeTool(row, found->second);
   else if (row.kind == LayoutRow::Kind::Heading)
     top_->addWidget(found->second->widget(), 0, Qt::AlignLeft);
-  else if (row.kind == LayoutRow::Kind::Picture)
+  else if (row.kind == LayoutRow::Kind::Picture && !grid_)
     outer_->addWidget(found->second->widget(), 0, Qt::AlignCenter);
   else if (row.kind == LayoutRow::Kind::Tile)
     placeTile(found->second);

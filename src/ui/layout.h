@@ -84,8 +84,8 @@ constexpr LayoutRow beside(std::string_view id, std::string_view caption = {}, i
 constexpr LayoutRow tile(std::string_view id, Glyph glyph, int hue) {
   return {LayoutRow::Kind::Tile, id, {}, 0, 1, glyph, hue};
 }
-/// A label whose text is the path of a picture, which is shown instead; no larger than so many characters and lines,
-/// where that is said, and never larger than the display.
+/// A label whose text is the path of a picture, which is shown instead, in its group if there is one; no larger than so
+/// many characters and lines, where that is said, and never larger than the display.
 constexpr LayoutRow picture(std::string_view id, int width = 0, int height = 1) {
   return {LayoutRow::Kind::Picture, id, {}, width, height};
 }

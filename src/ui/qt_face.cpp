@@ -29,6 +29,7 @@ void QtFace::opened(Screen& screen, bool modal) {
     window->setWindowModality(Qt::ApplicationModal);
   if (window->isCover())
     window->makeCover(coverColour());
+  window->refresh();  // it opens as wide as the columns of its lists
   window->open(opener);
   windows_[&screen] = std::move(window);
 }

@@ -25,6 +25,7 @@ ParcelLookup::ParcelLookup(Desk& itsDesk, const LookupKind& kind, LookupFor whom
   onClick(cmdTake, [this] { cmdTake_Click(); });
   onClick(cmdClose, [this] { closeMe(); });
   onOpenRow(ListView1, [this] { cmdTake_Click(); });
+  showColumns(findTable(kind_.table));  // the window opens as wide as they are
 }
 
 void ParcelLookup::leadTo(Button& button, std::string_view screen) {

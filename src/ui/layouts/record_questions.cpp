@@ -5,12 +5,12 @@ namespace zelvo {
 namespace {
 
 constexpr LayoutRow kConflictFrmRows[] = {
-    group(),         field("Label1", {}, 70, 2), field("ListView1", {}, 0, kFill), foot("cmdTurn"),
-    foot("cmdMine"), foot("cmdTheirs"),          foot("cmdOK", Glyph::Save),       foot("cmdCancel", Glyph::Cancel),
+    group(),         field("Label1"),   field("ListView1", {}, 0, kFill), foot("cmdTurn"),
+    foot("cmdMine"), foot("cmdTheirs"), foot("cmdOK", Glyph::Save),       foot("cmdCancel", Glyph::Cancel),
 };
 
 constexpr LayoutRow kColumnsFrmRows[] = {
-    group(),         field("ListView1", {}, 44, 18),
+    group(),         field("ListView1", {}, 0, kFill),
     foot("cmdTurn"), foot("cmdUp"),
     foot("cmdDown"), foot("cmdUsual"),
     foot("cmdOK"),   foot("cmdCancel"),
