@@ -106,10 +106,6 @@ std::string datePicture(Date date, std::string_view picture) {
   return datePicture(DateTime{date, 0}, picture);
 }
 
-std::string shortDate(Date date) {
-  return datePicture(date, "m/d/yyyy");
-}
-
 std::string timeText(const DateTime& moment) {
   return datePicture(moment, "h:mm:ss AM/PM");
 }
@@ -124,7 +120,22 @@ void putDigits(std::string& text, std::size_t end, std::size_t width, int number
 
 }  // namespace
 
-// By hand: every date that is stored passes here, and to read a picture for each is seen in imports.
+// These two by hand: every date that is shown in a list or stored passes here, and to read a picture for each is seen.
+
+std::string shortDate(Date date) {
+  if (!date.valid())
+    return "";
+  std::string text = "00/00/0000";
+  putDigits(text, 2, 2, date.month);
+  putDigits(text, 5, 2, date.day);
+  putDigits(text, 10, 4, date.year);
+  if (date.day < 10)
+    text.erase(3, 1);
+  if (date.month < 10)
+    text.erase(0, 1);
+  return text;
+}
+
 std::string isoText(const DateTime& moment) {
   std::string text = moment.second == 0 ? "0000-00-00" : "0000-00-00 00:00:00";
   putDigits(text, 4, 4, moment.date.year);
