@@ -39,7 +39,7 @@ class RowsTable : public QTableView {
 
   // A window opens wide enough for the columns, and tall enough for a good many rows, where the display has the room.
   QSize sizeHint() const override {
-    constexpr int kRows = 14;
+    constexpr int kRows = 11;
     const int rows = horizontalHeader()->sizeHint().height() + kRows * verticalHeader()->defaultSectionSize();
     const int columns = horizontalHeader()->length() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     return QSize(columns, rows) + QSize(2 * frameWidth(), 2 * frameWidth());
