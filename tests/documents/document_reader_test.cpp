@@ -114,6 +114,8 @@ TEST(DocumentReader, ReadsThePaperOnlyWhereItIsStated) {
   EXPECT_EQ(some.page.left, 1000);
   EXPECT_FALSE(some.page.right);
   EXPECT_TRUE(some.page.landscape && some.firstPageDiffers);
+  const Document upright = readDocument("{\\rtf1\\landscape0\\titlepg0 x}");
+  EXPECT_FALSE(upright.page.landscape || upright.firstPageDiffers);
   EXPECT_EQ(some.defaultTab, 360);
   ASSERT_EQ(some.header.size(), 1u);
   EXPECT_EQ(plainText(some.header[0]), "h");
