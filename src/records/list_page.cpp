@@ -44,8 +44,7 @@ void ListPage::enable(bool browsing) {
 
 // ---- filter and order
 
-// Any of the shown columns may hold what is typed; numbers and dates are looked for by their beginning digits as texts
-// would be only where the column is a text.
+// Any of the shown columns that hold text may hold what is typed; amounts and dates are looked for by example.
 std::string ListPage::filterCondition() const {
   const std::string_view typed = trim(txtFilter.text);
   std::vector<std::string> tests;

@@ -44,6 +44,21 @@ Result<std::string> pathInDataFolder(const Session& session, std::string_view na
   return joinPath(session.dataFolder, name);
 }
 
+/// A file of the data folder that is to be replaced.
+struct SharedFile {
+  std::string path;
+  Lines present;
+};
+Result<SharedFile> sharedFile(const Session& session, std::string_view name) {
+  auto path = pathInDataFolder(session, name);
+  if (!path)
+    return path.error();
+  auto present = linesToKeep(*path);
+  if (!present)
+    return present.error();
+  return SharedFile{std::move(*path), std::move(*present)};
+}
+
 /// The place behind the last entry that the program reads from a list whose blank lines do not count.
 std::size_t behindEntries(const Lines& lines, std::size_t limit) {
   std::size_t entries = 0;
@@ -54,46 +69,37 @@ std::size_t behindEntries(const Lines& lines, std::size_t limit) {
 }
 
 Result<void> writeList(const Session& session, const ListFile& file) {
-  const auto path = pathInDataFolder(session, file.file);
-  if (!path)
-    return path.error();
-  const auto present = linesToKeep(*path);
-  if (!present)
-    return present.error();
+  const auto shared = sharedFile(session, file.file);
+  if (!shared)
+    return shared.error();
   Lines lines;
   for (const std::string& entry : session.*file.list)
     if (!trim(entry).empty())
       lines.push_back(withoutLineBreaks(file.trimmed ? trim(entry) : entry));
-  return writeBefore(*path, std::move(lines), *present, behindEntries(*present, file.limit));
+  return writeBefore(shared->path, std::move(lines), shared->present, behindEntries(shared->present, file.limit));
 }
 
 // A code keeps its place, so the places up to the lines that are kept stay filled, with blank lines if need be.
 Result<void> writeCodes(const Session& session, const CodeFile& file, const Lines& codes) {
-  const auto path = pathInDataFolder(session, file.file);
-  if (!path)
-    return path.error();
-  const auto present = linesToKeep(*path);
-  if (!present)
-    return present.error();
+  const auto shared = sharedFile(session, file.file);
+  if (!shared)
+    return shared.error();
   Lines lines;
   for (std::size_t i = 0; i < std::min(codes.size(), file.limit); ++i)
     lines.push_back(withoutLineBreaks(codes[i]));
-  if (present->size() > file.limit)
+  if (shared->present.size() > file.limit)
     lines.resize(file.limit);
   else
     while (!lines.empty() && trim(lines.back()).empty())
       lines.pop_back();
-  return writeBefore(*path, std::move(lines), *present, file.limit);
+  return writeBefore(shared->path, std::move(lines), shared->present, file.limit);
 }
 
 Result<void> writeSeed(const Session& session, const SeedFile& file) {
-  const auto path = pathInDataFolder(session, file.file);
-  if (!path)
-    return path.error();
-  const auto present = linesToKeep(*path);
-  if (!present)
-    return present.error();
-  return writeBefore(*path, {withoutLineBreaks(session.seeds.*file.seed)}, *present, 1);
+  const auto shared = sharedFile(session, file.file);
+  if (!shared)
+    return shared.error();
+  return writeBefore(shared->path, {withoutLineBreaks(session.seeds.*file.seed)}, shared->present, 1);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "shell/preferences/pref_frm.h"
 
 #include "base/text.h"
-#include "data/data_folder.h"
 #include "shell/preferences/desktop_colours.h"
 #include "shell/record_openings.h"
 
