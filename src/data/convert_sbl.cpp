@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "data/connection.h"
 #include "data/data_folder.h"
+#include "data/database_care.h"
 #include "data/moving/table_copy.h"
 #include "data/postgres/extend.h"
 #include "data/query_text.h"
@@ -46,7 +47,7 @@ class Provisional {
   Provisional& operator=(const Provisional&) = delete;
   ~Provisional() {
     if (!kept && made)
-      (void)deleteFile(path).ok();
+      (void)(deleteFile(path).ok() && removeJournal(path).ok());
   }
 
   const std::string path;

@@ -45,6 +45,11 @@ Result<void> replaceDatabase(std::string_view from, std::string_view to) {
   return sqlite::replaceDatabaseFile(from, to);
 }
 
+Result<void> removeJournal(std::string_view path) {
+  const std::string journal = systemPath(path) + "-journal";
+  return FileExists(journal) ? deleteFile(journal) : Result<void>();
+}
+
 Result<void> refuseWhileWritten(std::string_view path) {
   auto engine = openEngine(path, kShortPatience);
   if (!engine)

@@ -25,7 +25,12 @@ class ConvertedRegistryOf : public ParcelOffice {
     const auto table = (*registry)->table("SBL");
     return table ? (*table)->columns.size() : 0;
   }
-  std::vector<std::string> databases() { return listFiles(at.session.dataFolder, "*"); }
+  /// All files, but for the journal that the registry keeps beside it.
+  std::vector<std::string> databases() {
+    auto files = listFiles(at.session.dataFolder, "*");
+    std::erase(files, "sbl.mdb-journal");
+    return files;
+  }
 
   const std::vector<std::string> untouched = {"sbl.mdb"};
   std::string shown;

@@ -94,8 +94,8 @@ TEST_F(EngineTest, MakesNoDatabaseOverAFile) {
   ASSERT_TRUE(copyDatabase(folder.file("db1.mdb"), folder.file("copy.mdb")).ok());
   EXPECT_EQ(copyDatabase(folder.file("db1.mdb"), folder.file("copy.mdb")).error().trouble, Trouble::Duplicate);
   EXPECT_EQ(permits(connect("copy.mdb"))->text("PERMIT"), "25-1");
-  for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
-    EXPECT_EQ(entry.path().extension(), ".mdb") << "left over: " << entry.path();
+  const std::vector<std::string> whole = {"copy.mdb", "db1.mdb", "db1.mdb-journal"};
+  EXPECT_EQ(listFiles(folder.path(), "*"), whole) << "a copy has no journal until records are stored in it";
 }
 
 TEST_F(EngineTest, ReadOnlyFileIsReadAndNotWritten) {
@@ -121,6 +121,16 @@ TEST_F(EngineTest, WriteAheadFileIsSetBackForTheSharedFolder) {
   elsewhere("db1.mdb", "pragma journal_mode = wal");
   ASSERT_EQ(::chmod(folder.file("db1.mdb").c_str(), 0444), 0);
   EXPECT_EQ(refusal("db1.mdb").trouble, Trouble::Busy);
+}
+
+TEST_F(EngineTest, OtherProgramsMayRemoveTheJournalWhileAScreenIsOpen) {
+  const auto connection = connect();
+  addPermit(*permits(connection), "25-1");
+  EXPECT_TRUE(FileExists(folder.file("db1.mdb-journal"))) << "it is kept, to be written over";
+  elsewhere("db1.mdb", "update BLDGPERM set OWNNAME1 = 'Jones'");
+  EXPECT_FALSE(FileExists(folder.file("db1.mdb-journal")));
+  addPermit(*permits(connection), "25-2");
+  EXPECT_EQ(permits(connect())->RecordCount(), 2u);
 }
 
 TEST_F(EngineTest, SecondScreenOnAFileKeepsTheLockOfTheFirst) {

@@ -219,7 +219,7 @@ const Operation operations[] = {
     {"RaisesAFlag", 8, 3, makeOneParcel, [](Computer& computer) { return onTheParcel(computer, &mdb::SBLSetViol); }},
     {"ClearsTheFlags", 8, 3, makeOneParcel,
      [](Computer& computer) { return onTheParcel(computer, &mdb::SBLClearFlag); }},
-    {"ConvertsTheRegistry", 50, 20, makeOldRegistry, convertRegistry, true, 3, registryOf},
+    {"ConvertsTheRegistry", 50, 20, makeOldRegistry, convertRegistry, true, 1, registryOf},
 };
 
 void PrintTo(const Operation& operation, std::ostream* out) {

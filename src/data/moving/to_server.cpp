@@ -1,6 +1,7 @@
 #include "base/file_trouble.h"
 #include "base/files.h"
 #include "base/text.h"
+#include "data/database_care.h"
 #include "data/moving/move_office.h"
 #include "data/moving/office_files.h"
 #include "data/moving/table_copy.h"
@@ -26,6 +27,7 @@ class ToServer {
   Result<void> moveTable(HeldFile& file);
   Result<void> makeEmptyTable(const Table& table);
   Result<void> keep();
+  Result<void> setAside(std::string_view file);
   void setFilesAside();
 
   std::string folder_, connection_, aside_;
@@ -131,12 +133,19 @@ Result<void> ToServer::keep() {
   return switched;
 }
 
+// Without its journal, which the engine would take for that of another file.
+Result<void> ToServer::setAside(std::string_view file) {
+  const std::string path = joinPath(folder_, file);
+  auto moved = renameFile(path, joinPath(aside_, file));
+  return moved ? removeJournal(path) : moved;
+}
+
 // They are held until each has left its place: a screen that still has one open finds it moved.
 void ToServer::setFilesAside() {
   if (auto made = makeFolder(aside_); !made)
     return tell_(made.error().message + " The old files stay where they are; nobody uses them any more.");
   for (const HeldFile& file : files_)
-    if (auto moved = renameFile(joinPath(folder_, file.name), joinPath(aside_, file.name)); !moved)
+    if (auto moved = setAside(file.name); !moved)
       tell_(moved.error().message + " It stays where it is; nobody uses it any more.");
   flushFolder(folder_);
   tell_("The files lie in " + aside_ + " now, as they were.");

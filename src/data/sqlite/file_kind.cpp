@@ -21,6 +21,12 @@ constexpr std::size_t formatAt = 18;
 constexpr char writeAheadFormat = 2;
 constexpr sqlite3_int64 headSize = 100;
 
+Error notOurs(const Database& database, std::string_view why, std::string_view advice) {
+  return fileError(FileDeed::Read, database.path(), Trouble::NotOurs, why, advice);
+}
+
+}  // namespace
+
 Result<std::string> headOf(Database& database) {
   sqlite3_file* file = nullptr;
   sqlite3_file_control(database.handle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
@@ -35,12 +41,6 @@ Result<std::string> headOf(Database& database) {
     return database.trouble(FileDeed::Read, code);
   return head;
 }
-
-Error notOurs(const Database& database, std::string_view why, std::string_view advice) {
-  return fileError(FileDeed::Read, database.path(), Trouble::NotOurs, why, advice);
-}
-
-}  // namespace
 
 // A file that nobody may write is marked read-only, whoever the user is.
 Result<Database::Mode> modeOf(const std::string& path) {

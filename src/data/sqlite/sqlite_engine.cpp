@@ -10,6 +10,7 @@
 #include "data/dialect/parser.h"
 #include "data/dialect/sqlite_writer.h"
 #include "data/sqlite/file_kind.h"
+#include "data/sqlite/journal.h"
 #include "data/sqlite/schema.h"
 
 namespace zelvo::sqlite {
@@ -65,6 +66,8 @@ Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::m
     return tables.error();
   if (auto left = leaveWriteAhead(**database); !left)
     return left.error();
+  if (auto kept = keepJournal(**database); !kept)
+    return kept.error();
   return std::unique_ptr<Engine>(std::make_unique<SqliteEngine>(std::move(*database), std::move(*tables)));
 }
 

@@ -8,6 +8,7 @@
 #include "data/dialect/sqlite_writer.h"
 #include "data/engine.h"
 #include "data/sqlite/database.h"
+#include "data/sqlite/journal.h"
 
 namespace zelvo::sqlite {
 
@@ -51,6 +52,7 @@ class SqliteEngine : public Engine {
   Error notStored(int code, const Table& table, const Row& row) const;
 
   std::unique_ptr<Database> database_;
+  CommitWitness witness_;
 };
 
 }  // namespace zelvo::sqlite

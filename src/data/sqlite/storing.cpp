@@ -38,19 +38,19 @@ Engine::Standing SqliteEngine::standing() const {
 Result<void> SqliteEngine::takeForWriting() {
   if (sqlite3_db_readonly(database_->handle(), "main") == 1)
     return database_->trouble(FileDeed::Write, SQLITE_READONLY);
-  return database_->execute("begin immediate");
+  auto taken = database_->execute("begin immediate");
+  if (taken)
+    witness_.begin(*database_);
+  return taken;
 }
 
 Result<void> SqliteEngine::inItsPlace() const {
   return keepsOnServerNow(folderOf(path())) ? movedAway(path()) : Result<void>();
 }
 
-// With its journal gone a change is made. That only this could not be flushed, as on shared folders of other systems,
-// is no failure: whoever was told of one would store the record a second time.
 Result<void> SqliteEngine::execute(const std::string& sql) {
   auto done = database_->execute(sql);
-  const bool unflushed = sqlite3_extended_errcode(database_->handle()) == SQLITE_IOERR_DIR_FSYNC;
-  return unflushed ? Result<void>() : done;
+  return done || !witness_.stands(*database_) ? done : Result<void>();
 }
 
 // ---- single rows

@@ -27,6 +27,8 @@ Result<void> swapDatabase(const std::string& from, const std::string& to) {
       return removed;
   if (auto copied = copyDatabase(from, beside); !copied)
     return copied;
+  if (auto removed = removeJournal(to); !removed)
+    return removed;
   return renameFile(beside, to);
 }
 

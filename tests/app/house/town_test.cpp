@@ -35,7 +35,7 @@ std::string readAll(const fs::path& path) {
 std::map<std::string, std::string> filesOf(const std::string& town) {
   std::map<std::string, std::string> files;
   for (const auto& entry : fs::recursive_directory_iterator(town))
-    if (entry.is_regular_file())
+    if (entry.is_regular_file() && entry.path().extension() != ".mdb-journal")
       files[entry.path().lexically_relative(town).string()] = replaceAll(readAll(entry.path()), town, "TOWN");
   return files;
 }
