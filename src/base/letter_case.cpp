@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 #include "base/text.h"
 
@@ -105,6 +107,73 @@ char32_t upperCharacter(char32_t character) {
   return inPairs(character) ? character & ~char32_t{1} : character;
 }
 
+/// Small letters that differ by an accent alone, and the plain letter that each of them stands for in a search.
+struct Accented {
+  char32_t first;
+  char32_t last;
+  char32_t plain;
+};
+
+constexpr Accented accented[] = {
+    {0xE0, 0xE5, 'a'},
+    {0xE7, 0xE7, 'c'},
+    {0xE8, 0xEB, 'e'},
+    {0xEC, 0xEF, 'i'},
+    {0xF1, 0xF1, 'n'},
+    {0xF2, 0xF6, 'o'},
+    {0xF8, 0xF8, 'o'},
+    {0xF9, 0xFC, 'u'},
+    {0xFD, 0xFD, 'y'},
+    {0xFF, 0xFF, 'y'},
+    {0x100, 0x105, 'a'},
+    {0x106, 0x10D, 'c'},
+    {0x10E, 0x111, 'd'},
+    {0x112, 0x11B, 'e'},
+    {0x11C, 0x123, 'g'},
+    {0x124, 0x127, 'h'},
+    {0x128, 0x131, 'i'},
+    {0x134, 0x135, 'j'},
+    {0x136, 0x137, 'k'},
+    {0x139, 0x142, 'l'},
+    {0x143, 0x148, 'n'},
+    {0x14C, 0x151, 'o'},
+    {0x154, 0x159, 'r'},
+    {0x15A, 0x161, 's'},
+    {0x162, 0x167, 't'},
+    {0x168, 0x173, 'u'},
+    {0x174, 0x175, 'w'},
+    {0x176, 0x177, 'y'},
+    {0x179, 0x17E, 'z'},
+    {0x1A1, 0x1A1, 'o'},
+    {0x1B0, 0x1B0, 'u'},
+    {0x1CE, 0x1CE, 'a'},
+    {0x1D0, 0x1D0, 'i'},
+    {0x1D2, 0x1D2, 'o'},
+    {0x1D4, 0x1DC, 'u'},
+    {0x218, 0x219, 's'},
+    {0x21A, 0x21B, 't'},
+    // Greek and Cyrillic
+    {0x390, 0x390, 0x3B9},
+    {0x3AC, 0x3AC, 0x3B1},
+    {0x3AD, 0x3AD, 0x3B5},
+    {0x3AE, 0x3AE, 0x3B7},
+    {0x3AF, 0x3AF, 0x3B9},
+    {0x3B0, 0x3B0, 0x3C5},
+    {0x3CA, 0x3CA, 0x3B9},
+    {0x3CB, 0x3CB, 0x3C5},
+    {0x3CC, 0x3CC, 0x3BF},
+    {0x3CD, 0x3CD, 0x3C5},
+    {0x3CE, 0x3CE, 0x3C9},
+    {0x451, 0x451, 0x435},
+    // Vietnamese
+    {0x1EA0, 0x1EB7, 'a'},
+    {0x1EB8, 0x1EC7, 'e'},
+    {0x1EC8, 0x1ECB, 'i'},
+    {0x1ECC, 0x1EE3, 'o'},
+    {0x1EE4, 0x1EF1, 'u'},
+    {0x1EF2, 0x1EF9, 'y'},
+};
+
 template <class Change>
 std::string changed(std::string_view text, Change change) {
   std::string result;
@@ -118,6 +187,13 @@ std::string changed(std::string_view text, Change change) {
 
 char32_t foldBeyondAscii(char32_t character) {
   return character == finalSigma ? sigma : lowerCharacter(character);
+}
+
+char32_t plainBeyondAscii(char32_t character) {
+  const char32_t folded = foldBeyondAscii(character);
+  const auto behind = std::upper_bound(std::begin(accented), std::end(accented), folded,
+                                       [](char32_t letter, const Accented& row) { return letter < row.first; });
+  return behind != std::begin(accented) && folded <= std::prev(behind)->last ? std::prev(behind)->plain : folded;
 }
 
 std::string upper(std::string_view text) {

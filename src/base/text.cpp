@@ -1,5 +1,9 @@
 #include "base/text.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
 namespace zelvo {
 
 namespace {
@@ -32,6 +36,18 @@ std::string_view trimLeft(std::string_view text) {
 
 std::string_view trimRight(std::string_view text) {
   return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
+
+// Eight bytes at a time: a search asks it of every text of a table.
+bool isAscii(std::string_view text) {
+  constexpr std::uint64_t beyond = 0x8080808080808080;
+  std::uint64_t eight = 0;
+  for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
+    std::memcpy(&eight, text.data(), sizeof eight);
+    if ((eight & beyond) != 0)
+      return false;
+  }
+  return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
 }
 
 std::size_t length(std::string_view text) {

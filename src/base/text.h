@@ -25,6 +25,10 @@ inline char32_t foldCharacter(char32_t character);
 /// The same for what lies beyond the plain letters of ASCII.
 char32_t foldBeyondAscii(char32_t character);
 
+/// One character as a search sees it: folded, and of a letter with an accent the plain one ("É" is "e").
+inline char32_t plainCharacter(char32_t character);
+char32_t plainBeyondAscii(char32_t character);
+
 /// The text with each character folded; two texts are alike without regard to case when their folded forms are equal.
 std::string fold(std::string_view text);
 bool alike(std::string_view a, std::string_view b);
@@ -32,6 +36,9 @@ bool alike(std::string_view a, std::string_view b);
 /// Less than, equal to or greater than zero, comparing folded characters one by one; of two that begin alike the
 /// shorter comes first.
 int compareFolded(std::string_view a, std::string_view b);
+
+/// Whether all characters are the plain ones of ASCII, each of one byte.
+bool isAscii(std::string_view text);
 
 /// The number of characters.
 std::size_t length(std::string_view text);
@@ -66,6 +73,10 @@ inline char32_t foldCharacter(char32_t character) {
   if (character >= 0x80)
     return foldBeyondAscii(character);
   return character - U'A' < 26 ? character + 32 : character;
+}
+
+inline char32_t plainCharacter(char32_t character) {
+  return character >= 0x80 ? plainBeyondAscii(character) : foldCharacter(character);
 }
 
 }  // namespace zelvo

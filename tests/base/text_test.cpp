@@ -47,6 +47,18 @@ TEST(Text, ComparesWithoutRegardToCase) {
   EXPECT_EQ(compareFolded("", ""), 0);
 }
 
+TEST(Text, SearchesSeeLettersWithoutTheirAccents) {
+  const struct {
+    std::u32string_view letters;
+    char32_t plain;
+  } rows[] = {{U"aAàÅăẢậǎ", U'a'}, {U"çĆ", U'c'},  {U"éÊěẹỆ", U'e'}, {U"Ñň", U'n'}, {U"øŐơộ", U'o'}, {U"ß", U'ß'},
+              {U"Šșş", U's'},      {U"ÿÝỹ", U'y'}, {U"έΈ", U'ε'},    {U"ёЁ", U'е'}, {U"æÆ", U'æ'},   {U"-", U'-'}};
+  for (const auto& row : rows)
+    for (const char32_t letter : row.letters)
+      EXPECT_EQ(plainCharacter(letter), row.plain)
+          << std::hex << std::uint32_t{letter};
+}
+
 TEST(Text, CountsCharactersNotBytes) {
   EXPECT_EQ(length("Ñandú €"), 7u);
   EXPECT_EQ(left("Ñandú", 2), "Ña");

@@ -24,10 +24,10 @@ bool isBeyondAscii(char c) {
   return static_cast<unsigned char>(c) >= 0x80;
 }
 
-char32_t nextFolded(std::string_view text, std::size_t& position) {
+char32_t nextPlain(std::string_view text, std::size_t& position) {
   if (!isBeyondAscii(text[position]))
     return static_cast<unsigned char>(lowered(text[position++]));
-  return foldCharacter(nextCharacter(text, position));
+  return plainBeyondAscii(nextCharacter(text, position));
 }
 
 }  // namespace
@@ -42,7 +42,7 @@ LikePattern::LikePattern(std::string_view pattern) {
       at = end + 1;
       continue;
     }
-    const char32_t letter = nextFolded(pattern, at);
+    const char32_t letter = nextPlain(pattern, at);
     if (c == '%' && !elements_.empty() && elements_.back().kind == Element::Kind::Run)
       continue;
     elements_.push_back({c == '%'   ? Element::Kind::Run
@@ -57,11 +57,11 @@ LikePattern::Element LikePattern::classOf(std::string_view inside) const {
   Element element{Element::Kind::Class};
   element.negated = inside.size() > 1 && inside.front() == '!';
   for (std::size_t at = element.negated ? 1 : 0; at < inside.size();) {
-    const char32_t first = nextFolded(inside, at);
+    const char32_t first = nextPlain(inside, at);
     char32_t last = first;
     if (at + 1 < inside.size() && inside[at] == '-') {
       ++at;
-      last = nextFolded(inside, at);
+      last = nextPlain(inside, at);
     }
     element.ranges.emplace_back(first, last);
   }
@@ -92,7 +92,7 @@ void LikePattern::findNeedle() {
     findSkips();
 }
 
-// No letter beyond ASCII folds to a plain one, so that a plain needle can be held against the bytes of a text.
+// A plain needle is first held against the bytes of a text, as most texts have plain letters alone.
 void LikePattern::findSkips() {
   plainNeedle_.assign(needle_.begin(), needle_.end());
   const std::size_t last = plainNeedle_.size() - 1;
@@ -117,19 +117,18 @@ bool LikePattern::holdsPlainNeedle(std::string_view text) const {
   return false;
 }
 
-// Of a needle that is not all plain letters.
+// A letter of the text with an accent may stand for a plain one of the needle.
 bool LikePattern::holdsNeedle(std::string_view text) const {
-  const bool plain = needle_.front() < 0x80;
-  const char first = plain ? static_cast<char>(needle_.front()) : '\0';
+  const char first = needle_.front() < 0x80 ? static_cast<char>(needle_.front()) : '\0';
   for (std::size_t at = 0; at < text.size(); ++at)
-    if ((plain ? lowered(text[at]) == first : isBeyondAscii(text[at])) && needleAt(text, at))
+    if ((isBeyondAscii(text[at]) || lowered(text[at]) == first) && needleAt(text, at))
       return true;
   return false;
 }
 
 bool LikePattern::needleAt(std::string_view text, std::size_t at) const {
   for (const char32_t letter : needle_)
-    if (at >= text.size() || nextFolded(text, at) != letter)
+    if (at >= text.size() || nextPlain(text, at) != letter)
       return false;
   return true;
 }
@@ -138,7 +137,7 @@ bool LikePattern::needleAt(std::string_view text, std::size_t at) const {
 // have found the earliest place that they can have.
 bool LikePattern::matches(std::string_view text) const {
   if (!plainNeedle_.empty())
-    return holdsPlainNeedle(text);
+    return holdsPlainNeedle(text) || (!isAscii(text) && holdsNeedle(text));
   if (!needle_.empty())
     return holdsNeedle(text);
   constexpr std::size_t none = std::string_view::npos;
@@ -151,7 +150,7 @@ bool LikePattern::matches(std::string_view text) const {
     if (element < elements_.size() && elements_[element].kind == Element::Kind::Run) {
       afterRun = ++element;
       runEnd = at;
-    } else if (element < elements_.size() && elements_[element].takes(nextFolded(text, behind))) {
+    } else if (element < elements_.size() && elements_[element].takes(nextPlain(text, behind))) {
       ++element;
       at = behind;
     } else if (afterRun != none) {

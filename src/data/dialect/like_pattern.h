@@ -20,9 +20,9 @@ class LikePattern {
   /// One part of the pattern, for those who write it in another language.
   struct Element {
     enum class Kind { Run, One, Letter, Class } kind;
-    char32_t letter = 0;  ///< folded
+    char32_t letter = 0;  ///< as searches see it
     bool negated = false;
-    std::vector<std::pair<char32_t, char32_t>> ranges = {};  ///< folded, both ends included
+    std::vector<std::pair<char32_t, char32_t>> ranges = {};  ///< as searches see them, both ends included
 
     bool takes(char32_t character) const;
   };

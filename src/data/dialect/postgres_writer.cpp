@@ -109,15 +109,15 @@ class PostgresWriter : public StatementWriter {
   }
 
   // The column's own collation knows no like. The server's usual one is the quickest, and plain letters are all that it
-  // is sure to know.
+  // is sure to know. The pattern has no accents any more.
   void writeLike(const Column& column, const std::string& pattern) override {
     const LikePattern read(pattern);
     const auto& elements = read.elements();
-    const bool plain = std::all_of(pattern.begin(), pattern.end(), [](char c) { return (c & 0x80) == 0; });
+    const bool plain = std::all_of(elements.begin(), elements.end(), [](const Element& e) { return e.letter < 0x80; });
     const bool classes = std::any_of(elements.begin(), elements.end(), [](const Element& element) {
       return element.kind == Kind::Class && !isLetter(element);
     });
-    add("(" + shown(column) + ") collate " + (plain && !classes ? "\"default\"" : "\"und-x-icu\""));
+    add("(" + likened(column) + ") collate " + (plain && !classes ? "\"default\"" : "\"und-x-icu\""));
     add(classes ? " ~* " : " ilike ");
     bind(classes ? expressionOf(elements) : likeTextOf(elements));
   }
@@ -127,6 +127,17 @@ class PostgresWriter : public StatementWriter {
   }
 
  private:
+  /// The text that a like is held against, without its accents. Most texts have plain letters alone, as many as they
+  /// have bytes. Of the others the accents are taken apart from their letters and left out; letters with a stroke do
+  /// not come apart.
+  static std::string likened(const Column& column) {
+    const std::string text = shown(column);
+    if (!holdsText(column))
+      return text;
+    return "case when octet_length(" + text + ") = char_length(" + text + ") then " + text +
+           " else translate(regexp_replace(normalize(" + text +
+           ", NFD) collate \"C\", U&'[\\0300-\\036F]', '', 'g'), 'ØøĐđŁłĦħŦŧı', 'OoDdLlHhTti') end";
+  }
   static std::string shown(const Column& column) {
     const std::string name = quotedName(column.name);
     if (column.type == ColumnType::Date)

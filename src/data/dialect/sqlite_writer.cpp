@@ -8,10 +8,6 @@ namespace zelvo::dialect {
 
 namespace {
 
-bool isAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 /// Whether an index begins with the column.
 bool leadsIndex(const Table& table, std::string_view column) {
   const auto begins = [column](std::string_view index) {

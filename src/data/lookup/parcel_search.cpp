@@ -89,37 +89,6 @@ std::string ofAnyLength(std::string_view column, const WantedParts& wanted) {
   return "(" + condition + ")";
 }
 
-// ---- texts
-
-/// A letter and those that differ from it by an accent alone.
-constexpr std::string_view kAlikeLetters[] = {
-    "aàáâãäåāăą", "cçćĉċč",     "dďđ",  "eèéêëēĕėęě", "gĝğġģ", "hĥħ",         "iìíîïĩīĭįı", "jĵ",   "kķ",  "lĺļľŀł",
-    "nñńņňŉ",     "oòóôõöøōŏő", "rŕŗř", "sśŝşš",      "tţťŧ",  "uùúûüũūŭůűų", "wŵ",         "yýÿŷ", "zźżž"};
-
-/// The letter with its accents as a class of the pattern.
-std::string classOf(char32_t letter) {
-  std::string folded;
-  appendCharacter(folded, foldCharacter(letter));
-  for (const std::string_view letters : kAlikeLetters)
-    if (letters.find(folded) != std::string_view::npos)
-      return "[" + std::string(letters) + "]";
-  return folded;
-}
-
-std::string blindToAccents(std::string_view typed) {
-  std::string pattern;
-  for (std::size_t at = 0; at < typed.size();) {
-    const std::size_t classEnd = typed[at] == '[' ? typed.find(']', at) : std::string_view::npos;
-    if (classEnd != std::string_view::npos) {
-      pattern += typed.substr(at, classEnd + 1 - at);
-      at = classEnd + 1;
-    } else {
-      pattern += classOf(nextCharacter(typed, at));
-    }
-  }
-  return pattern;
-}
-
 }  // namespace
 
 std::string keyCondition(const Screen& form, std::string_view column) {
@@ -136,7 +105,7 @@ std::string keyCondition(const Screen& form, std::string_view column) {
 }
 
 std::string holds(std::string_view column, std::string_view typed) {
-  return columnLike(column, "%" + blindToAccents(trim(typed)) + "%");
+  return columnLike(column, "%" + std::string(trim(typed)) + "%");
 }
 
 }  // namespace zelvo
