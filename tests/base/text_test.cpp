@@ -55,8 +55,7 @@ TEST(Text, SearchesSeeLettersWithoutTheirAccents) {
               {U"Šșş", U's'},      {U"ÿÝỹ", U'y'}, {U"έΈ", U'ε'},    {U"ёЁ", U'е'}, {U"æÆ", U'æ'},   {U"-", U'-'}};
   for (const auto& row : rows)
     for (const char32_t letter : row.letters)
-      EXPECT_EQ(plainCharacter(letter), row.plain)
-          << std::hex << std::uint32_t{letter};
+      EXPECT_EQ(plainCharacter(letter), row.plain) << std::hex << std::uint32_t{letter};
 }
 
 TEST(Text, CountsCharactersNotBytes) {
