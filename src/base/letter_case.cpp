@@ -174,6 +174,19 @@ constexpr Accented accented[] = {
     {0x1EF2, 0x1EF9, 'y'},
 };
 
+constexpr char32_t withoutAccent(char32_t folded) {
+  const auto behind = std::upper_bound(std::begin(accented), std::end(accented), folded,
+                                       [](char32_t letter, const Accented& row) { return letter < row.first; });
+  return behind != std::begin(accented) && folded <= std::prev(behind)->last ? std::prev(behind)->plain : folded;
+}
+
+constexpr CaseTable plainTable = [] {
+  CaseTable table{};
+  for (char32_t character = 0; character < tableEnd; ++character)
+    table[character] = static_cast<std::uint16_t>(withoutAccent(lowerTable[character]));
+  return table;
+}();
+
 template <class Change>
 std::string changed(std::string_view text, Change change) {
   std::string result;
@@ -190,10 +203,9 @@ char32_t foldBeyondAscii(char32_t character) {
 }
 
 char32_t plainBeyondAscii(char32_t character) {
-  const char32_t folded = foldBeyondAscii(character);
-  const auto behind = std::upper_bound(std::begin(accented), std::end(accented), folded,
-                                       [](char32_t letter, const Accented& row) { return letter < row.first; });
-  return behind != std::begin(accented) && folded <= std::prev(behind)->last ? std::prev(behind)->plain : folded;
+  if (character == finalSigma)
+    return sigma;
+  return character < tableEnd ? plainTable[character] : withoutAccent(lowerCharacter(character));
 }
 
 std::string upper(std::string_view text) {

@@ -41,13 +41,19 @@ std::string_view trimRight(std::string_view text) {
 // Eight bytes at a time: a search asks it of every text of a table.
 bool isAscii(std::string_view text) {
   constexpr std::uint64_t beyond = 0x8080808080808080;
-  std::uint64_t eight = 0;
-  for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
-    std::memcpy(&eight, text.data(), sizeof eight);
-    if ((eight & beyond) != 0)
-      return false;
+  std::uint64_t seen = 0, eight = 0;
+  const char* at = text.data();
+  const char* end = at + text.size();
+  if (text.size() < sizeof eight) {
+    std::memcpy(&eight, at, text.size());
+    return (eight & beyond) == 0;
   }
-  return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
+  for (; end - at > static_cast<std::ptrdiff_t>(sizeof eight); at += sizeof eight) {
+    std::memcpy(&eight, at, sizeof eight);
+    seen |= eight;
+  }
+  std::memcpy(&eight, end - sizeof eight, sizeof eight);  // the last ones, some of them a second time
+  return ((seen | eight) & beyond) == 0;
 }
 
 std::size_t length(std::string_view text) {

@@ -24,6 +24,10 @@ bool isBeyondAscii(char c) {
   return static_cast<unsigned char>(c) >= 0x80;
 }
 
+bool beginsLetterBeyondAscii(char c) {
+  return static_cast<unsigned char>(c) >= 0xC0;
+}
+
 char32_t nextPlain(std::string_view text, std::size_t& position) {
   if (!isBeyondAscii(text[position]))
     return static_cast<unsigned char>(lowered(text[position++]));
@@ -117,11 +121,26 @@ bool LikePattern::holdsPlainNeedle(std::string_view text) const {
   return false;
 }
 
+// A text that is not all plain letters, written with plain ones as far as it has them. A letter that has none stands
+// for itself as a byte that no plain needle holds.
+bool LikePattern::holdsPlainNeedleWithoutAccents(std::string_view text) const {
+  constexpr char other = '\xFF';
+  std::array<char, 256> plain;
+  if (text.size() > plain.size())
+    return holdsNeedle(text);
+  std::size_t length = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t letter = nextPlain(text, at);
+    plain[length++] = letter < 0x80 ? static_cast<char>(letter) : other;
+  }
+  return holdsPlainNeedle({plain.data(), length});
+}
+
 // A letter of the text with an accent may stand for a plain one of the needle.
 bool LikePattern::holdsNeedle(std::string_view text) const {
   const char first = needle_.front() < 0x80 ? static_cast<char>(needle_.front()) : '\0';
   for (std::size_t at = 0; at < text.size(); ++at)
-    if ((isBeyondAscii(text[at]) || lowered(text[at]) == first) && needleAt(text, at))
+    if ((beginsLetterBeyondAscii(text[at]) || lowered(text[at]) == first) && needleAt(text, at))
       return true;
   return false;
 }
@@ -137,7 +156,7 @@ bool LikePattern::needleAt(std::string_view text, std::size_t at) const {
 // have found the earliest place that they can have.
 bool LikePattern::matches(std::string_view text) const {
   if (!plainNeedle_.empty())
-    return holdsPlainNeedle(text) || (!isAscii(text) && holdsNeedle(text));
+    return holdsPlainNeedle(text) || (!isAscii(text) && holdsPlainNeedleWithoutAccents(text));
   if (!needle_.empty())
     return holdsNeedle(text);
   constexpr std::size_t none = std::string_view::npos;

@@ -34,6 +34,7 @@ class LikePattern {
   void findSkips();
   bool holdsNeedle(std::string_view text) const;
   bool holdsPlainNeedle(std::string_view text) const;
+  bool holdsPlainNeedleWithoutAccents(std::string_view text) const;
   bool needleAt(std::string_view text, std::size_t at) const;
 
   std::vector<Element> elements_;
