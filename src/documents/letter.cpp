@@ -43,8 +43,11 @@ Result<std::string> LetterPrinter::merge(std::string_view templateName) {
     auto bytes = readBytes(joinPath(session.programFolder, name));
     return bytes ? std::optional(std::move(*bytes)) : std::nullopt;
   };
+  const auto merged = mergeLetter(*rtf, values, desk_.clock.now(), pictures);
+  if (!merged)
+    return merged.error();
   const std::string path = joinPath(session.programFolder, "\\tmp.rtf");
-  if (auto written = replaceFile(path, mergeLetter(*rtf, values, desk_.clock.now(), pictures)); !written)
+  if (auto written = replaceFile(path, *merged); !written)
     return written.error();
   return path;
 }

@@ -11,6 +11,10 @@ namespace {
 
 constexpr char32_t kPiece = 0xFFFC;  // stands in the text for a piece of source
 
+// What values may bring into one letter: thousands of pages of text, a hundred photographs.
+constexpr std::size_t kMostCharacters = 10'000'000;
+constexpr std::size_t kMostSource = 400'000'000;
+
 bool endsParagraph(std::string_view word) {
   constexpr std::array<std::string_view, 8> words = {"par",  "cell",     "row",     "sect",
                                                      "page", "nestcell", "nestrow", "column"};
@@ -46,6 +50,47 @@ bool endsInOpenWord(std::string_view rtf) {
 
 }  // namespace
 
+// Goes through the characters of a paragraph, knowing where each comes from.
+class LetterText::Walk {
+ public:
+  explicit Walk(const Paragraph& paragraph) : paragraph_(paragraph) {}
+
+  std::size_t position() const { return position_; }
+  const Origin& origin() const { return paragraph_.origins[origin_]; }
+
+  /// Calls visit(origin, characters) for each origin up to the position.
+  template <class Visit>
+  void to(std::size_t end, Visit visit) {
+    while (position_ < end) {
+      const std::size_t count = std::min(end - position_, std::size_t{origin().count} - used_);
+      visit(origin(), std::u32string_view(paragraph_.text).substr(position_, count));
+      position_ += count;
+      used_ += count;
+      if (used_ == origin().count)
+        ++origin_, used_ = 0;
+    }
+  }
+
+ private:
+  const Paragraph& paragraph_;
+  std::size_t position_ = 0;
+  std::size_t origin_ = 0, used_ = 0;  // of its characters
+};
+
+// Texts that come to the same place one behind the other are one text from then on.
+void LetterText::Paragraph::add(std::u32string_view characters, Origin origin) {
+  if (characters.empty())
+    return;
+  text += characters;
+  origin.count = static_cast<std::uint32_t>(characters.size());
+  const bool goesOn = origin.inserted && origin.piece == 0 && !origins.empty() && origins.back().inserted &&
+                      origins.back().piece == 0 && origins.back().begin == origin.begin;
+  if (goesOn)
+    origins.back().count += origin.count;
+  else
+    origins.push_back(origin);
+}
+
 LetterText::LetterText(std::string_view rtf) : rtf_(rtf) {
   decodeRtf(rtf, fonts_, *this);
   openParagraphs_.clear();
@@ -58,8 +103,8 @@ void LetterText::character(char32_t character, RtfSpan span, const RtfState& sta
   const auto [place, isNew] = openParagraphs_.try_emplace(state.flow, paragraphs_.size());
   if (isNew)
     paragraphs_.emplace_back();
-  paragraphs_[place->second].add(character,
-                                 {static_cast<std::uint32_t>(span.begin), static_cast<std::uint32_t>(span.end), 0,
+  paragraphs_[place->second].add({&character, 1},
+                                 {static_cast<std::uint32_t>(span.begin), static_cast<std::uint32_t>(span.end), 1, 0,
                                   static_cast<std::uint8_t>(state.uc), false});
 }
 
@@ -106,46 +151,49 @@ bool LetterText::replaceAllWith(std::string_view code, const std::u32string& val
   return found;
 }
 
+bool LetterText::takeRoom(const std::u32string& value, std::uint32_t piece) {
+  characters_ += value.size();
+  sourceBytes_ += piece > 0 ? sources_[piece - 1].size() : 0;
+  full_ = full_ || characters_ > kMostCharacters || sourceBytes_ > kMostSource;
+  return !full_;
+}
+
 void LetterText::replaceIn(Paragraph& paragraph, std::u32string_view code, const std::u32string& value,
                            std::uint32_t piece) {
   Paragraph result;
-  std::size_t done = 0;
-  const auto keepTo = [&](std::size_t end) {
-    for (; done < end; ++done)
-      result.add(paragraph.text[done], paragraph.origins[done]);
+  Walk walk(paragraph);
+  const auto keep = [&](const Origin& origin, std::u32string_view characters) { result.add(characters, origin); };
+  const auto remove = [&](const Origin& origin, std::u32string_view) {
+    if (!origin.inserted)
+      removed_.push_back({origin.begin, origin.end});
   };
-  for (std::size_t at = paragraph.text.find(code); at != std::u32string::npos; at = paragraph.text.find(code, done)) {
-    keepTo(at);
-    Origin origin = paragraph.origins[at];
+  for (std::size_t at = paragraph.text.find(code); at != std::u32string::npos && takeRoom(value, piece);
+       at = paragraph.text.find(code, walk.position())) {
+    walk.to(at, keep);
+    Origin origin = walk.origin();
     origin.end = origin.begin;
     origin.inserted = true;
     origin.piece = piece;
-    for (char32_t character : value)
-      result.add(character, origin);
-    for (; done < at + code.size(); ++done)
-      if (const Origin& gone = paragraph.origins[done]; !gone.inserted)
-        removed_.push_back({gone.begin, gone.end});
+    result.add(value, origin);
+    walk.to(at + code.size(), remove);
   }
-  keepTo(paragraph.text.size());
+  walk.to(paragraph.text.size(), keep);
   paragraph = std::move(result);
 }
 
 void LetterText::addInsertions(const Paragraph& paragraph, std::vector<Edit>& edits) const {
   bool open = false;
-  for (std::size_t i = 0; i < paragraph.text.size(); ++i) {
-    const Origin& origin = paragraph.origins[i];
-    if (!origin.inserted) {
-      open = false;
-      continue;
-    }
-    if (!open || edits.back().position != origin.begin)
+  const auto addEdit = [&](const Origin& origin, std::u32string_view characters) {
+    if (origin.inserted && (!open || edits.back().position != origin.begin))
       edits.push_back({origin.begin, origin.begin, {}});
-    open = true;
-    if (origin.piece > 0)
+    open = origin.inserted;
+    if (origin.inserted && origin.piece > 0)
       edits.back().text += sources_[origin.piece - 1];
-    else
-      appendRtfCharacter(edits.back().text, paragraph.text[i], origin.standIns);
-  }
+    else if (origin.inserted)
+      for (char32_t character : characters)
+        appendRtfCharacter(edits.back().text, character, origin.standIns);
+  };
+  Walk(paragraph).to(paragraph.text.size(), addEdit);
 }
 
 std::vector<LetterText::Edit> LetterText::edits() const {

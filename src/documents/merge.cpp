@@ -24,7 +24,7 @@ class Merge {
 
   // The order of the codes counts: a value that holds a later code is filled by it, one that holds an earlier code is
   // not.
-  std::string run(std::string_view rtf) const {
+  Result<std::string> run(std::string_view rtf) const {
     LetterText letter(rtf);
     fillCounterAndDates(letter);
     fillPlain(letter, "%ln", context_.ln);
@@ -33,6 +33,8 @@ class Merge {
     if (!isRichText(context_.letterhead)) {
       fillFormatted(letter, "%mh", context_.letterhead);
     } else if (letter.replaceWithSource("%mh", rtfInsert(context_.letterhead, letter.fonts()))) {
+      if (letter.isFull())
+        return tooLong();
       // The letterhead has become part of the letter and is searched for the later codes like the rest of it.
       const std::string withLetterhead = letter.source();
       LetterText again(withLetterhead);
@@ -49,7 +51,7 @@ class Merge {
     letter.replace("%tm", timeText(now_));
   }
 
-  std::string fillBehindLetterhead(LetterText& letter) const {
+  Result<std::string> fillBehindLetterhead(LetterText& letter) const {
     fillPlain(letter, "%ms", context_.ms);
     fillPlain(letter, "%me", context_.me);
     fillFormatted(letter, "%nm", context_.name);
@@ -60,7 +62,15 @@ class Merge {
     fillPicture(letter, "%si", "\\memos\\sig.bmp");
     fillPicture(letter, "%logo", "\\memos\\logo.bmp");
     fillNumbered(letter);
+    if (letter.isFull())
+      return tooLong();
     return letter.source();
+  }
+
+  static Error tooLong() {
+    return {Trouble::BadInput,
+            "The letter was not filled: its values would make it longer than ten million characters.\nLook for codes "
+            "such as %01 or %nm inside the values of the record, which fill one another, and take them out."};
   }
 
   void fillNumbered(LetterText& letter) const {
@@ -100,8 +110,8 @@ class Merge {
 
 }  // namespace
 
-std::string mergeLetter(std::string_view rtf, const MergeContext& context, const DateTime& now,
-                        const PictureSource& pictures) {
+Result<std::string> mergeLetter(std::string_view rtf, const MergeContext& context, const DateTime& now,
+                                const PictureSource& pictures) {
   return Merge(context, now, pictures).run(rtf);
 }
 

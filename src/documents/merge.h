@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/date.h"
+#include "base/result.h"
 
 namespace zelvo {
 
@@ -26,9 +27,10 @@ using PictureSource = std::function<std::optional<std::string>(std::string_view 
 
 /// Fills the codes of a rich-text letter, wherever they lie: over formatting runs, in tables, headers and footers. The
 /// value takes the format of the code's first character; every other byte of the letter stays as the office made it.
-/// Picture paths are "\memos\sig.bmp", "\memos\logo.bmp" and "\pics\..." of the program folder.
-std::string mergeLetter(std::string_view rtf, const MergeContext& context, const DateTime& now,
-                        const PictureSource& pictures);
+/// Picture paths are "\memos\sig.bmp", "\memos\logo.bmp" and "\pics\..." of the program folder. Values that hold codes
+/// of one another can ask for more than any letter: what would grow beyond ten million characters is an error.
+Result<std::string> mergeLetter(std::string_view rtf, const MergeContext& context, const DateTime& now,
+                                const PictureSource& pictures);
 
 /// Splits an owner's or addressee's block at its first comma into address line and city, state and zip.
 void splitAddress(std::string_view block, MergeContext& context);

@@ -13,7 +13,7 @@ namespace {
 const DateTime kNow{{2026, 3, 9}, 14 * 3600 + 5 * 60 + 7};
 
 std::string merged(const std::string& letter, const MergeContext& context, const PictureSource& pictures = {}) {
-  return mergeLetter(letter, context, kNow, pictures);
+  return mergeLetter(letter, context, kNow, pictures).value();
 }
 
 // Everything that is read in a letter: header, body, footer.

@@ -32,7 +32,7 @@ MergeContext filled() {
 }
 
 std::string merged(std::string_view body, const MergeContext& context = filled(), const PictureSource& pictures = {}) {
-  return mergeLetter(body, context, kNow, pictures);
+  return mergeLetter(body, context, kNow, pictures).value();
 }
 
 struct Row {
@@ -43,6 +43,33 @@ void expectMerged(std::initializer_list<Row> rows, const MergeContext& context) 
   for (const Row& row : rows)
     EXPECT_EQ(merged("{\\rtf1 " + std::string(row.before) + "}", context), "{\\rtf1 " + std::string(row.after) + "}")
         << row.why;
+}
+
+// Each value doubles what the one before it brought in, thousands of times over.
+TEST(Merge, EndsWhenValuesFillOneAnother) {
+  MergeContext context;
+  for (std::size_t i = 1; i < context.values.size(); ++i)
+    context.values[i] = i < 9 ? "%0" + std::to_string(i + 1) + " %0" + std::to_string(i + 1) : "";
+  EXPECT_TRUE(mergeLetter("{\\rtf1 %01}", context, kNow, {})) << "a few codes in values are filled";
+  for (std::size_t i = 9; i < 25; ++i)
+    for (int copy = 0; copy < 20; ++copy)
+      context.values[i] += "%" + std::to_string(i + 1);
+  const auto endless = mergeLetter("{\\rtf1 %01}", context, kNow, {});
+  ASSERT_FALSE(endless);
+  EXPECT_NE(endless.error().message.find("fill one another"), std::string::npos);
+}
+
+TEST(Merge, FillsAHundredThousandCodes) {
+  std::string letter = "{\\rtf1 ", expected = "{\\rtf1 ";
+  for (int i = 0; i < 100000; ++i) {
+    letter += i % 3 == 0 ? "%$01 %26" : "%0{\\b 2}\\par ";
+    expected += i % 3 == 0 ? "Smith, John of the first house %26" : "later{\\b }\\par ";
+  }
+  MergeContext context;
+  context.values[1] = "Smith, John of the first house";
+  context.values[2] = "%03";
+  context.values[3] = "later";
+  EXPECT_TRUE(mergeLetter(letter, context, kNow, {}).value() == expected);
 }
 
 TEST(Merge, FillsEveryCode) {

@@ -48,7 +48,8 @@ Result<void> mergeIntoFile(const LetterCommand& command) {
     return bytes ? std::optional(std::move(*bytes)) : std::nullopt;
   };
   const DateTime now = command.now.value_or(computersTime());
-  return replaceFile(command.out, mergeLetter(*rtf, command.values, now, pictures));
+  const auto merged = mergeLetter(*rtf, command.values, now, pictures);
+  return merged ? replaceFile(command.out, *merged) : merged.error();
 }
 
 Error startPages(const LetterCommand& command) {
