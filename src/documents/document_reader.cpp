@@ -2,6 +2,7 @@
 
 #include <map>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "base/text.h"
@@ -19,6 +20,10 @@ using Destination = RtfDestination;
 
 // Groups of letters lie twenty deep; those of a broken file need not keep their looks apart.
 constexpr std::size_t kDeepest = 10000;
+
+// Letters are written in a handful of fonts. Each that a letter uses is looked for on the computer, which a broken file
+// of fifty thousand must not ask for.
+constexpr std::size_t kMostFonts = 32;
 
 // The signs of the symbol fonts that letters use, mostly in front of list entries. Other computers lack those fonts.
 char32_t signOf(char32_t code) {
@@ -161,10 +166,17 @@ class Reader : public RtfSink {
 
   Paragraph& current(const RtfState& state) { return flows_[state.flow]; }
 
-  TextStyle style(int number) const {
+  TextStyle style(int number) {
     const auto font = fonts_.byNumber.find(number);
     const RtfFont* known = font == fonts_.byNumber.end() || font->second.symbol ? nullptr : &font->second;
-    return look_.text.style(known, colours_);
+    TextStyle style = look_.text.style(known, colours_);
+    if (!families_.contains(style.font.family)) {
+      if (families_.size() < kMostFonts)
+        families_.insert(style.font.family);
+      else
+        style.font.family = TextFont{}.family;
+    }
+    return style;
   }
 
   void beginRun(const RtfState& state) {
@@ -305,7 +317,8 @@ class Reader : public RtfSink {
 
   const RtfFonts& fonts_;
   RtfColours colours_;
-  std::optional<Colour> colour_;  // being read
+  std::optional<Colour> colour_;              // being read
+  std::unordered_set<std::string> families_;  // that the letter uses
   Document document_;
   RtfSections sections_;
   RtfTable table_;

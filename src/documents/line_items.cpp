@@ -10,7 +10,8 @@ namespace zelvo {
 namespace {
 
 constexpr double kTwipsPerPoint = 20;
-// A word is cut into items of this many bytes, so that a line without blanks costs no more than any other.
+// A word is cut into items of this many bytes, so that a line without blanks costs no more than any other; a row of
+// blanks likewise.
 constexpr std::size_t kLongestItem = 200;
 
 bool isIdeograph(char32_t c) {
@@ -94,6 +95,8 @@ class Cutter {
   void addBlank() {
     endWord(false);
     blanks_ += ' ';
+    if (blanks_.size() >= kLongestItem)
+      endBlanks();
   }
 
   void addLetter(char32_t character, char following) {

@@ -36,6 +36,21 @@ bool bodyHolds(const Document& document, LiveField field) {
   });
 }
 
+// Whether a header or footer says something else on each page. One of endless text is laid out once: what is read of it
+// on the paper is its beginning.
+bool isLive(const std::vector<Paragraph>& paragraphs) {
+  constexpr std::size_t mostText = 5000;
+  std::size_t text = 0;
+  bool lives = false;
+  for (const Paragraph& paragraph : paragraphs) {
+    lives = lives || holds(paragraph.runs, LiveField::PageNumber) || holds(paragraph.runs, LiveField::PageCount);
+    text += 1 + paragraph.runs.size();
+    for (const Run& run : paragraph.runs)
+      text += run.text.size();
+  }
+  return lives && text <= mostText;
+}
+
 bool hasLeftPages(const Section& section) {
   return section.leftPagesDiffer && !(section.leftHeader.empty() && section.leftFooter.empty());
 }
@@ -78,8 +93,10 @@ class Layout {
     result_.width = frame_.width;
     result_.height = frame_.height;
     openPage(true);
-    for (std::size_t i = 0; i < document_.body.size(); ++i)
+    for (std::size_t i = 0; i < document_.body.size() && !result_.isCutOff; ++i)
       place(i);
+    if (result_.isCutOff)
+      result_.pages.pop_back();
     pageCount_ = result_.pages.size();
     for (std::size_t i = 0; i < result_.pages.size(); ++i)
       addHeaderAndFooter(i);
@@ -106,11 +123,11 @@ class Layout {
   // A header or footer as it stands on a page. Most say the same on every page and are laid out once. What does not go
   // on the paper is left out: a broken file may have a header of a thousand lines on each of a thousand pages.
   const Stack& marginStack(const std::vector<Paragraph>& paragraphs, const PageFacts& facts) {
-    const bool lives = std::any_of(paragraphs.begin(), paragraphs.end(), [](const Paragraph& paragraph) {
-      return holds(paragraph.runs, LiveField::PageNumber) || holds(paragraph.runs, LiveField::PageCount);
-    });
-    Stack& stack = lives ? liveStack_ : marginStacks_[&paragraphs];
-    if (lives || stack.width != facts.frame.textWidth()) {
+    const auto [known, isNew] = margins_.try_emplace(&paragraphs);
+    if (isNew)
+      known->second.lives = isLive(paragraphs);
+    Stack& stack = known->second.stack;
+    if (known->second.lives || stack.width != facts.frame.textWidth()) {
       const LineArea lineArea = area(facts.frame.textWidth(), facts.frame.textHeight(), facts.number);
       stack = stackOf(paragraphs, lineArea, fonts_, facts.frame.height);
       stack.width = facts.frame.textWidth();
@@ -124,6 +141,8 @@ class Layout {
 
   // A header or footer that is higher than its margin pushes the text out of its way.
   void openPage(bool opensSection = false) {
+    if (result_.pages.size() > kMostPages)
+      return openNothing();
     PageFacts facts{section_, frame_, facts_.empty() ? 1 : facts_.back().number + 1, opensSection};
     if (opensSection && section_->firstNumber)
       facts.number = *section_->firstNumber;
@@ -137,6 +156,14 @@ class Layout {
     top_ = std::min(top_, frame_.height - kSmallestArea);
     bottom_ = frame_.height - std::max(frame_.bottom, below > 0 ? section_->page.footerDistance + below : 0);
     bottom_ = std::max(bottom_, top_ + kSmallestArea);
+    y_ = top_;
+    untouched_ = true;
+    result_.isCutOff = result_.pages.size() > kMostPages;
+  }
+
+  // Behind the last page what is left of a block goes to one that is thrown away.
+  void openNothing() {
+    page() = Page{};
     y_ = top_;
     untouched_ = true;
   }
@@ -416,9 +443,12 @@ class Layout {
   PageFrame frame_;
   std::size_t pageCount_;
   PagedDocument result_;
-  std::vector<PageFacts> facts_;                                 // of each page
-  std::map<const std::vector<Paragraph>*, Stack> marginStacks_;  // headers and footers that every page shows alike
-  Stack liveStack_;                                              // the other one made last
+  struct Margin {
+    Stack stack;         // as it was laid out last
+    bool lives = false;  // it is another one on each page
+  };
+  std::vector<PageFacts> facts_;                             // of each page
+  std::map<const std::vector<Paragraph>*, Margin> margins_;  // headers and footers
   double top_ = 0, bottom_ = 0, y_ = 0;
   bool untouched_ = true;     // nothing stands on the page yet
   std::size_t keptTo_ = 0;    // the block up to which paragraphs were found to stay together

@@ -52,14 +52,18 @@ struct Page {
   std::vector<FilledPiece> rules;  ///< underlines, strikes, borders
 };
 
+/// More than any printer is given at once: a broken file may ask for a page with every few bytes.
+inline constexpr std::size_t kMostPages = 2000;
+
 struct PagedDocument {
   double width = 12240, height = 15840;  ///< of the first page's paper
   std::vector<Page> pages;               ///< one at least
+  bool isCutOff = false;                 ///< there is more of the document than kMostPages
 };
 
 /// Lays a document onto pages. Paper and margins are the document's own; where it states none, letter paper and the
 /// margins of the options are taken, and margins that the user set count before the document's. Landscape of the
-/// options turns the paper.
+/// options turns the paper. A document of more than kMostPages is cut off behind them.
 PagedDocument layOutPages(const Document& document, const PrintOptions& options, const FontMeasure& fonts);
 
 }  // namespace zelvo

@@ -8,6 +8,9 @@ namespace zelvo {
 
 namespace {
 
+// More pages than are ever printed. Behind them the text of a broken file runs on.
+constexpr std::size_t kMostSections = 5000;
+
 // What the headers of a section take when they are copied for the next one, roughly.
 std::size_t weightOf(const std::vector<Paragraph>& paragraphs) {
   std::size_t bytes = 0;
@@ -80,6 +83,8 @@ bool RtfSections::take(const RtfToken& token) {
 }
 
 void RtfSections::begin(std::vector<Block>& body) {
+  if (++count_ > kMostSections)
+    return;
   if (!shared_)
     shared_ = std::make_shared<Section>(document_);
   isOwn_ = false;

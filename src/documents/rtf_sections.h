@@ -40,6 +40,7 @@ class RtfSections {
   std::shared_ptr<Section> shared_;  // the current section, unless it is the first one
   bool isOwn_ = true;                // not just the one before it going on
   std::size_t copied_ = 0;           // bytes
+  std::size_t count_ = 0;            // of sections that began
   std::vector<RtfDestination> ownHeaders_;
   int firstNumber_ = 1;
   bool restarts_ = false;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <set>
 
 #include "documents/document_writer.h"
 #include "documents/merge.h"
@@ -37,7 +38,7 @@ void useLetter(const std::string& rtf, const std::string& why) {
   for (const Page& page : paged.pages)
     for (const TextPiece& piece : page.texts)
       EXPECT_TRUE(std::isfinite(piece.x) && std::isfinite(piece.baseline) && !piece.text.empty()) << why;
-  EXPECT_EQ(mergeLetter(rtf, {}, kNow, {}), rtf) << why << ": a letter without codes stays byte for byte";
+  EXPECT_EQ(mergeLetter(rtf, {}, kNow, {}).value(), rtf) << why << ": a letter without codes stays byte for byte";
 }
 
 TEST(DamagedLetter, CutAnywhereIsReadToItsEnd) {
@@ -91,8 +92,45 @@ TEST(DamagedLetter, OfGreatNumbersIsRead) {
        times(many, "\n") + "a\n"}};
   for (const Row& row : rows) {
     EXPECT_TRUE(plainText(readDocument(row.rtf)) == row.text) << row.why;
-    EXPECT_TRUE(mergeLetter(row.rtf, {}, kNow, {}) == row.rtf) << row.why;
+    EXPECT_TRUE(mergeLetter(row.rtf, {}, kNow, {}).value() == row.rtf) << row.why;
   }
+}
+
+// Printing ends at a number of pages that no letter has, whichever way a file asks for more.
+TEST(DamagedLetter, OfMorePagesThanAnyPrinterTakesIsCutOff) {
+  constexpr int many = 50000;
+  const std::string page = "{\\header\\pard p. \\chpgn\\par}";
+  const std::string bodies[] = {times(many, "a\\page "),
+                                times(many, "\\sect a"),
+                                page + times(many, "\\sect\\pgnstarts5\\pgnrestart a"),
+                                times(many, "\\sect\\sectd\\lndscpsxn a\\sect\\sectd b"),
+                                "\\pagebb " + times(many, "a\\par "),
+                                "\\fs3276 " + times(many, "a\\par "),
+                                "\\trowd\\trrh-9000\\cellx900 " + times(many, "\\intbl a\\cell\\row "),
+                                "\\trowd\\cellx900\\intbl\\sb9000 " + times(many, "a\\par ") + "\\cell\\row"};
+  for (const std::string& body : bodies) {
+    const PagedDocument paged = pages(body);
+    EXPECT_EQ(paged.pages.size(), kMostPages) << body.substr(0, 60);
+    EXPECT_TRUE(paged.isCutOff) << body.substr(0, 60);
+    EXPECT_FALSE(paged.pages.back().texts.empty()) << body.substr(0, 60);
+  }
+  EXPECT_FALSE(pages(times(static_cast<int>(kMostPages) - 1, "a\\page ") + "b").isCutOff);
+}
+
+TEST(DamagedLetter, OfManyFontsAsksTheComputerForFew) {
+  std::string fonts, text;
+  for (int i = 0; i < 50000; ++i) {
+    const std::string number = std::to_string(i);
+    fonts += "{\\f" + number + " Font" + number + ";}";
+    text += "\\f" + number + "\\fs" + std::to_string(i % 3000 + 2) + " x";
+  }
+  std::set<std::string> families;
+  const Document letter = readDocument("{\\rtf1{\\fonttbl" + fonts + "}" + text + "\\par}");
+  for (const auto& run : std::get<Paragraph>(letter.body.at(0)).runs)
+    families.insert(run.style.font.family);
+  EXPECT_LE(families.size(), 40u);
+  EXPECT_TRUE(families.contains("Font0"));
+  EXPECT_EQ(plainText(letter), std::string(50000, 'x') + "\n");
 }
 
 TEST(DamagedLetter, OfFiftyThousandFontsTakesALetterheadOfAsMany) {
@@ -104,7 +142,7 @@ TEST(DamagedLetter, OfFiftyThousandFontsTakesALetterheadOfAsMany) {
   }
   MergeContext context;
   context.letterhead = fonts + "}" + text + "}";
-  const std::string merged = mergeLetter(fonts + "}%mh}", context, kNow, {});
+  const std::string merged = mergeLetter(fonts + "}%mh}", context, kNow, {}).value();
   EXPECT_EQ(plainText(readDocument(merged)), std::string(50000, 'x') + "\n");
 }
 

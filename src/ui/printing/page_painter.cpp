@@ -4,6 +4,8 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <map>
+#include <utility>
 
 #include "ui/printing/paper_font.h"
 #include "ui/qt_text.h"
@@ -24,12 +26,35 @@ void paintFilled(QPainter& painter, const std::vector<FilledPiece>& pieces) {
     painter.fillRect(QRectF(piece.x, piece.y, piece.width, piece.height), ink(piece.colour));
 }
 
-void paintPicture(QPainter& painter, const PicturePiece& piece) {
+// The picture of a letterhead stands on every page: it is read once, and goes into a PDF once. Of many, those are kept
+// that need no more memory than a few pages of photographs.
+class ReadPictures {
+ public:
+  const QImage& of(const std::shared_ptr<const Picture>& picture) {
+    const auto known = images_.find(picture);
+    if (known != images_.end())
+      return known->second;
+    const std::string& bytes = picture->bytes;
+    QImage image = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
+    size_ += image.sizeInBytes();
+    if (size_ > kMostKept) {
+      images_.clear();
+      size_ = image.sizeInBytes();
+    }
+    return images_.emplace(picture, std::move(image)).first->second;
+  }
+
+ private:
+  static constexpr qsizetype kMostKept = 100'000'000;
+  std::map<std::shared_ptr<const Picture>, QImage> images_;
+  qsizetype size_ = 0;
+};
+
+void paintPicture(QPainter& painter, const PicturePiece& piece, ReadPictures& pictures) {
   if (!piece.picture)
     return;
   const Picture& picture = *piece.picture;
-  const QImage image =
-      QImage::fromData(reinterpret_cast<const uchar*>(picture.bytes.data()), static_cast<int>(picture.bytes.size()));
+  const QImage& image = pictures.of(piece.picture);
   if (image.isNull())
     return;
   const double width = image.width();
@@ -40,10 +65,14 @@ void paintPicture(QPainter& painter, const PicturePiece& piece) {
   painter.drawImage(QRectF(piece.x, piece.y, piece.width, piece.height), image, part);
 }
 
-void paintText(QPainter& painter, const TextPiece& piece) {
-  painter.setFont(paperFont(piece.font));
+void paintText(QPainter& painter, const TextPiece& piece, const PaperFaces& faces) {
+  const double scale = paperScale(piece.font);
+  const QTransform page = painter.transform();
   painter.setPen(ink(piece.colour));
-  painter.drawText(QPointF(piece.x, piece.baseline), QString::fromStdString(piece.text));
+  painter.translate(piece.x, piece.baseline);
+  painter.scale(scale, scale);
+  faces.of(piece.font).draw(painter, piece.text);
+  painter.setTransform(page);
 }
 
 QPageLayout paperOf(const Page& page) {
@@ -52,18 +81,26 @@ QPageLayout paperOf(const Page& page) {
   return QPageLayout(size, QPageLayout::Portrait, QMarginsF(0, 0, 0, 0));
 }
 
-}  // namespace
-
-void paintPage(QPainter& painter, const Page& page) {
+void paintPieces(QPainter& painter, const Page& page, ReadPictures& pictures, const PaperFaces& faces) {
   paintFilled(painter, page.shades);
   for (const PicturePiece& piece : page.pictures)
-    paintPicture(painter, piece);
+    paintPicture(painter, piece, pictures);
   for (const TextPiece& piece : page.texts)
-    paintText(painter, piece);
+    paintText(painter, piece, faces);
   paintFilled(painter, page.rules);
 }
 
+}  // namespace
+
+void paintPage(QPainter& painter, const Page& page) {
+  ReadPictures pictures;
+  paintPieces(painter, page, pictures, PaperFaces());
+}
+
 Result<std::string> pdfOf(const PagedDocument& document, std::string_view title) {
+  if (document.isCutOff)
+    return Error{Trouble::BadInput, "\"" + std::string(title) + "\" has more than " + std::to_string(kMostPages) +
+                                        " pages, too many to be printed at once. Print it in parts."};
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
   QPdfWriter writer(&bytes);
@@ -74,12 +111,14 @@ Result<std::string> pdfOf(const PagedDocument& document, std::string_view title)
   QPainter painter;
   if (!painter.begin(&writer))
     return Error{Trouble::Failed, "The pages could not be made. Close other programs and try again."};
+  ReadPictures pictures;
+  const PaperFaces faces;
   for (std::size_t page = 0; page < document.pages.size(); ++page) {
     if (page > 0) {
       writer.setPageLayout(paperOf(document.pages[page]));  // a section may have paper of its own
       writer.newPage();
     }
-    paintPage(painter, document.pages[page]);
+    paintPieces(painter, document.pages[page], pictures, faces);
   }
   painter.end();
   return bytes.data().toStdString();

@@ -2,17 +2,60 @@
 
 #include <QFont>
 #include <QFontMetricsF>
+#include <QRawFont>
 #include <map>
 #include <string>
 #include <tuple>
+#include <unordered_map>
+#include <vector>
 
 #include "documents/page_layout.h"
 
+class QPainter;
+
 namespace zelvo {
 
-/// The real font behind a font of a letter, sized so that one of its pixels is one twip: measured and drawn alike at
-/// 1440 to the inch, a line is exactly as long on paper as it was laid out.
+/// The real font behind a font of a letter, in the one size in which it is measured and drawn, so that the computer has
+/// to find it only once however many sizes a letter uses: a line is exactly as long on paper as it was laid out.
 QFont paperFont(const TextFont& font);
+/// What one pixel of that font is in the letter's size, in twips.
+double paperScale(const TextFont& font);
+
+/// A real font, measured and drawn character by character where its text is that simple: nearly all text of letters is,
+/// and finding out how the characters of a text join takes most of the time that a page takes. Other texts, and
+/// characters that the font does not have, are left to the fonts of the system. All in pixels of paperFont().
+class PaperFace {
+ public:
+  explicit PaperFace(const TextFont& font);
+
+  double advance(std::string_view text) const;
+  FontHeights heights() const;
+  /// With the pen of the painter, beginning at its origin on the base line.
+  void draw(QPainter& painter, std::string_view text) const;
+
+ private:
+  struct Glyph {
+    quint32 number = 0;  // 0: the font has none, or it may join with others
+    double advance = 0;
+  };
+  const Glyph& glyphOf(char32_t character) const;
+  bool spell(std::string_view text, std::vector<const Glyph*>& glyphs) const;
+
+  QFont font_;
+  QFontMetricsF metrics_;
+  QRawFont raw_;
+  mutable std::unordered_map<char32_t, Glyph> known_;
+};
+
+/// The fonts that letters asked for so far.
+class PaperFaces {
+ public:
+  const PaperFace& of(const TextFont& font) const;
+
+ private:
+  using Key = std::tuple<std::string, bool, bool>;
+  mutable std::map<Key, PaperFace> known_;
+};
 
 /// Measures text in the fonts of this computer. The office's letters are written in Times New Roman, Arial and Courier
 /// New; where those are missing, fonts of the same widths (the Liberation fonts) must stand in for them.
@@ -22,10 +65,7 @@ class QtFontMeasure : public FontMeasure {
   FontHeights heights(const TextFont& font) const override;
 
  private:
-  const QFontMetricsF& metricsOf(const TextFont& font) const;
-
-  using Key = std::tuple<std::string, double, bool, bool>;
-  mutable std::map<Key, QFontMetricsF> known_;
+  PaperFaces faces_;
 };
 
 }  // namespace zelvo
