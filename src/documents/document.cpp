@@ -24,6 +24,11 @@ bool Run::operator==(const Run& other) const {
   return samePicture && style == other.style && text == other.text && live == other.live;
 }
 
+bool Paragraph::operator==(const Paragraph& other) const {
+  const bool sameRow = row == other.row || (row && other.row && *row == *other.row);
+  return sameRow && cell == other.cell && style == other.style && runs == other.runs && end == other.end;
+}
+
 bool SectionBreak::operator==(const SectionBreak& other) const {
   return newPage == other.newPage && (section == other.section || *section == *other.section);
 }

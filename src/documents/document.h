@@ -41,7 +41,8 @@ struct TextStyle {
   bool operator==(const TextStyle&) const = default;
 };
 
-enum class PictureKind { Png, Jpeg, Bmp };
+/// Metafile: lines and shapes, see drawingOf.
+enum class PictureKind { Png, Jpeg, Bmp, Metafile };
 
 /// A picture as a whole file of its kind, and the size at which it stands on the paper.
 struct Picture {
@@ -102,11 +103,18 @@ struct ParagraphStyle {
   bool operator==(const ParagraphStyle&) const = default;
 };
 
+struct TableRow;
+
 struct Paragraph {
   ParagraphStyle style;
   std::vector<Run> runs;
   TextStyle end;  ///< the style of the paragraph's end: what gives an empty paragraph its height
-  bool operator==(const Paragraph&) const = default;
+  /// Of a paragraph in a table that stands in a header, a footer or a cell: the shape of its row, and the number of its
+  /// cell. All paragraphs of such a row stand one behind the other, cell after cell; the cells of the shape are empty.
+  std::shared_ptr<const TableRow> row = nullptr;
+  std::size_t cell = 0;
+  /// Rows are equal when they look the same.
+  bool operator==(const Paragraph& other) const;
 };
 
 enum class VerticalPlace { Top, Middle, Bottom };
@@ -123,10 +131,11 @@ struct Cell {
 
 /// A row of a table. Rows that follow one another make the table.
 struct TableRow {
-  int left = 0;            ///< the left edge of the first cell, from the left edge of the text area
-  int padding = 0;         ///< between a cell's edge and its text, left and right
-  int height = 0;          ///< at least; negative: exactly
-  bool isHeading = false;  ///< of its table: stands again on each page that the table reaches
+  int left = 0;                           ///< the left edge of the first cell, from the left edge of the text area
+  int padding = 0;                        ///< between a cell's edge and its text, left and right
+  int height = 0;                         ///< at least; negative: exactly
+  bool isHeading = false;                 ///< of its table: stands again on each page that the table reaches
+  Alignment alignment = Alignment::Left;  ///< Center, Right: between the margins, wherever its left edge is
   std::vector<Cell> cells;
   bool operator==(const TableRow&) const = default;
 };

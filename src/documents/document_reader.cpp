@@ -25,6 +25,8 @@ constexpr std::size_t kDeepest = 10000;
 // of fifty thousand must not ask for.
 constexpr std::size_t kMostFonts = 32;
 
+constexpr int kInnerLevel = 2;  // of tables inside a cell
+
 // The signs of the symbol fonts that letters use, mostly in front of list entries. Other computers lack those fonts.
 char32_t signOf(char32_t code) {
   static const std::unordered_map<char32_t, char32_t> signs = {
@@ -43,14 +45,15 @@ LiveField liveFieldOf(std::string_view instruction) {
 
 class Reader : public RtfSink {
  public:
-  explicit Reader(const RtfFonts& fonts) : fonts_(fonts), sections_(document_), table_(colours_) {}
+  explicit Reader(const RtfFonts& fonts)
+      : fonts_(fonts), sections_(document_), table_(colours_), inner_(colours_), margin_(colours_) {}
 
   Document finish() {
     for (auto& [flow, current] : flows_)
       if (!current.runs.empty())
         endParagraph(flow);
-    if (table_.isOpen())
-      document_.body.emplace_back(table_.endRow());
+    endRow();
+    endMarginRow();
     return std::move(document_);
   }
 
@@ -81,7 +84,7 @@ class Reader : public RtfSink {
     if (look_.text.take(token))
       return;
     if (!look_.paragraph.take(token, colours_) && !takeBreak(token.word, state) && !takeField(token.word, state) &&
-        (state.destination != Destination::Body || !table_.take(token)))
+        !takeTableWord(token, state))
       sections_.take(token);
   }
 
@@ -126,6 +129,7 @@ class Reader : public RtfSink {
     TextLook text;
     ParagraphLook paragraph;
     bool inLiveResult = false;
+    bool inInnerShape = false;  // of a table inside a cell
   };
 
   void takePictureWord(const RtfToken& token) {
@@ -154,6 +158,11 @@ class Reader : public RtfSink {
     destinations_[state.flow] = state.destination;
     flow_ = state.flow;
     look_ = Look{};
+    if (isMargin(state.destination)) {
+      endMarginRow();
+      margin_ = RtfTable(colours_);
+      marginKind_ = state.destination;
+    }
     sections_.beginHeader(state.destination);
   }
 
@@ -161,6 +170,8 @@ class Reader : public RtfSink {
     const auto left = flows_.find(flow_);
     if (left != flows_.end() && !left->second.runs.empty())
       endParagraph(flow_);
+    if (isMargin(destinations_[flow_]))
+      endMarginRow();
     flow_ = state.flow;
   }
 
@@ -235,8 +246,8 @@ class Reader : public RtfSink {
       endParagraph(state.flow);
     else if (word == "cell" || word == "nestcell")
       endCell(word, state);
-    else if (word == "row")
-      endRow();
+    else if (word == "row" || word == "nestrow")
+      endRow(word, state);
     else if (word == "page")
       breakPage(state);
     else if (word == "sect")
@@ -246,23 +257,71 @@ class Reader : public RtfSink {
     return true;
   }
 
+  bool takeTableWord(const RtfToken& token, const RtfState& state) {
+    if (token.word == "nesttableprops")
+      return look_.inInnerShape = true;
+    if (state.destination != Destination::Body)
+      return isMargin(state.destination) && margin_.take(token);
+    if (look_.inInnerShape)
+      return look_.paragraph.tableLevel > kInnerLevel || inner_.take(token);
+    return table_.take(token);
+  }
+
+  bool isMargin(Destination destination) const {
+    return isText(destination) && destination != Destination::Body && destination != Destination::Aside;
+  }
+
+  // Whether the paragraph stands in a table inside a cell. What is deeper is text of that table.
+  bool isInner() const { return look_.paragraph.tableLevel >= kInnerLevel; }
+
   void endCell(std::string_view word, const RtfState& state) {
+    const bool inner = word == "nestcell";
+    if (isMargin(state.destination) && !inner) {
+      margin_.add(takeParagraph(state.flow));
+      return margin_.endCell();
+    }
     if (state.destination != Destination::Body)
       return endParagraph(state.flow);
-    Paragraph paragraph = takeParagraph(state.flow);
-    table_.add(std::move(paragraph));
+    if (!inner)
+      endInnerRow();
+    RtfTable& table = inner ? inner_ : table_;
+    table.add(takeParagraph(state.flow));
     addAsides();
-    if (word == "cell")
-      table_.endCell();
+    if (!inner || look_.paragraph.tableLevel <= kInnerLevel)
+      table.endCell();
+  }
+
+  void endRow(std::string_view word, const RtfState& state) {
+    if (isMargin(state.destination))
+      endMarginRow();
+    else if (word == "row")
+      endRow();
+    else if (state.destination == Destination::Body && look_.paragraph.tableLevel <= kInnerLevel)
+      endInnerRow();
   }
 
   void endRow() {
+    endInnerRow();
     if (table_.isOpen())
       document_.body.emplace_back(table_.endRow());
   }
 
+  void endInnerRow() {
+    if (inner_.isOpen())
+      for (Paragraph& paragraph : inner_.endInnerRow())
+        table_.add(std::move(paragraph));
+  }
+
+  void endMarginRow() {
+    if (!margin_.isOpen())
+      return;
+    std::vector<Paragraph>* list = sections_.listOf(marginKind_);
+    for (Paragraph& paragraph : margin_.endInnerRow())
+      list->push_back(std::move(paragraph));
+  }
+
   void breakPage(const RtfState& state) {
-    if (state.destination != Destination::Body || table_.isOpen())
+    if (state.destination != Destination::Body || table_.isOpen() || inner_.isOpen())
       return;
     if (!current(state).runs.empty())
       endParagraph(state.flow);
@@ -298,13 +357,20 @@ class Reader : public RtfSink {
     } else if (destination == Destination::Aside) {
       asides_.push_back(std::move(paragraph));
     } else if (std::vector<Paragraph>* list = sections_.listOf(destination)) {
+      if (look_.paragraph.inTable)
+        return margin_.add(std::move(paragraph));
+      endMarginRow();
       list->push_back(std::move(paragraph));
     }
   }
 
   void addToBody(Paragraph paragraph) {
-    if (look_.paragraph.inTable)
+    if (look_.paragraph.inTable && isInner())
+      return inner_.add(std::move(paragraph));
+    if (look_.paragraph.inTable) {
+      endInnerRow();
       return table_.add(std::move(paragraph));
+    }
     endRow();
     document_.body.emplace_back(std::move(paragraph));
   }
@@ -322,6 +388,9 @@ class Reader : public RtfSink {
   Document document_;
   RtfSections sections_;
   RtfTable table_;
+  RtfTable inner_;                                // inside a cell of it
+  RtfTable margin_;                               // in a header or footer
+  Destination marginKind_ = Destination::Header;  // of that one
   RtfPicture picture_;
   bool inPicture_ = false;
   Look look_;

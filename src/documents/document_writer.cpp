@@ -33,6 +33,14 @@ constexpr std::array<PaperLength, 6> kPaperLengths = {{{"paperw", "pgwsxn", &Pag
                                                        {"margt", "margtsxn", &PageSetup::top},
                                                        {"margb", "margbsxn", &PageSetup::bottom}}};
 
+// How the rows of a table inside a header or a cell are written.
+struct InnerWords {
+  std::string_view place, cell, end;
+  bool shapeBehind = false;
+};
+constexpr InnerWords kTableInMargin{"\\intbl", "\\cell", "\\row\r\n", false};
+constexpr InnerWords kTableInCell{"\\intbl\\itap2", "\\nestcell", "\\nestrow}{\\nonesttables\\par}\r\n", true};
+
 class Writer {
  public:
   explicit Writer(const Document& document) : document_(document) {
@@ -96,8 +104,12 @@ class Writer {
   void writeHeader(std::string_view word, const std::vector<Paragraph>& paragraphs) {
     text_ += "{\\" + std::string(word) + " ";
     shown_.reset();
-    for (const Paragraph& paragraph : paragraphs)
-      writeParagraph(paragraph, "", "\\par");
+    for (std::size_t i = 0; i < paragraphs.size();) {
+      if (paragraphs[i].row)
+        i = writeInnerRow(paragraphs, i, kTableInMargin);
+      else
+        writeParagraph(paragraphs[i++], "", "\\par");
+    }
     text_ += "}\r\n";
     shown_.reset();
   }
@@ -186,25 +198,58 @@ class Writer {
   void writeRow(const TableRow& row, const TableRow* below) {
     if (row.cells.empty())
       return;
-    text_ += "\\trowd" + rtfWord("trgaph", row.padding) + rtfWord("trleft", row.left);
-    if (row.height != 0)
-      text_ += rtfWord("trrh", row.height);
-    if (row.isHeading)
-      text_ += "\\trhdr";
-    for (std::string_view side : {"l", "r"})
-      text_ += "\\trpadd" + std::string(side) + std::to_string(row.padding) + "\\trpaddf" + std::string(side) + "3";
-    for (const Cell& cell : row.cells)
-      writeCellShape(cell, below);
+    writeRowShape(row, below);
     for (const Cell& cell : row.cells)
       writeCell(cell);
     text_ += "\\row\r\n";
   }
 
+  void writeRowShape(const TableRow& row, const TableRow* below) {
+    text_ += "\\trowd" + rtfWord("trgaph", row.padding) + rtfWord("trleft", row.left);
+    if (row.height != 0)
+      text_ += rtfWord("trrh", row.height);
+    if (row.isHeading)
+      text_ += "\\trhdr";
+    if (row.alignment == Alignment::Center || row.alignment == Alignment::Right)
+      text_ += row.alignment == Alignment::Center ? "\\trqc" : "\\trqr";
+    for (std::string_view side : {"l", "r"})
+      text_ += "\\trpadd" + std::string(side) + std::to_string(row.padding) + "\\trpaddf" + std::string(side) + "3";
+    for (const Cell& cell : row.cells)
+      writeCellShape(cell, below);
+  }
+
+  // A row of a table inside a header or a cell, from its first paragraph; gives the first one behind it. Inside a cell
+  // the shape of a row stands behind its text, where older word processors do not look.
+  std::size_t writeInnerRow(const std::vector<Paragraph>& paragraphs, std::size_t first, const InnerWords& words) {
+    const auto& row = paragraphs[first].row;
+    std::size_t end = first;
+    while (end < paragraphs.size() && paragraphs[end].row == row)
+      ++end;
+    const TableRow* below = end < paragraphs.size() ? paragraphs[end].row.get() : nullptr;
+    if (!words.shapeBehind)
+      writeRowShape(*row, below);
+    for (std::size_t i = first; i < end; ++i)
+      writeParagraph(paragraphs[i], words.place,
+                     i + 1 == end || paragraphs[i + 1].cell != paragraphs[i].cell ? words.cell : "\\par");
+    if (words.shapeBehind) {
+      text_ += "{\\*\\nesttableprops";
+      writeRowShape(*row, below);
+    }
+    text_ += words.end;
+    return end;
+  }
+
   void writeCell(const Cell& cell) {
     if (cell.paragraphs.empty())
       writeParagraph({}, "\\intbl", "\\cell");
-    for (const Paragraph& paragraph : cell.paragraphs)
-      writeParagraph(paragraph, "\\intbl", &paragraph == &cell.paragraphs.back() ? "\\cell" : "\\par");
+    for (std::size_t i = 0; i < cell.paragraphs.size();) {
+      if (cell.paragraphs[i].row)
+        i = writeInnerRow(cell.paragraphs, i, kTableInCell);
+      else
+        writeParagraph(cell.paragraphs[i], "\\intbl", i + 1 == cell.paragraphs.size() ? "\\cell" : "\\par"), ++i;
+    }
+    if (!cell.paragraphs.empty() && cell.paragraphs.back().row)
+      writeParagraph({}, "\\intbl", "\\cell");
   }
 
   const Document& document_;

@@ -180,7 +180,7 @@ class Layout {
     for (const PlacedBox& box : stack.boxes)
       paintBox(onto, box, frame.left, frame.textWidth(), y);
     for (const PlacedLine& placed : stack.lines)
-      paintLine(onto, placed.line, frame.left, y + placed.top, fonts_);
+      paintLine(onto, placed.line, frame.left + placed.x, y + placed.top, fonts_);
   }
 
   void place(std::size_t index) {
@@ -305,9 +305,10 @@ class Layout {
   // The part of a cell that is not placed yet.
   struct OpenCell {
     const Cell* cell;
-    double left = 0;
+    double left = 0, right = 0;
     Stack stack;
     std::size_t next = 0;
+    std::size_t nextBox = 0;  // the first one that is not all above what is placed
     // The space above the first line belongs to the row, the space above a line that opens a page does not.
     double done() const {
       if (next == 0 && !stack.lines.empty())
@@ -319,12 +320,14 @@ class Layout {
 
   std::vector<OpenCell> openCells(const TableRow& row) const {
     std::vector<OpenCell> cells;
-    double left = row.left;
+    const double shift = shiftOf(row, frame_.textWidth());
+    double left = row.left + shift;
     for (const Cell& cell : row.cells) {
-      const double width = std::max(100.0, cell.right - left - 2.0 * row.padding);
-      cells.push_back(
-          {&cell, left, stackOf(cell.paragraphs, area(width, bottom_ - top_, facts_.back().number), fonts_), 0});
-      left = cell.right;
+      const double right = cell.right + shift;
+      const double width = std::max(kNarrowestCell, right - left - 2.0 * row.padding);
+      const LineArea room = area(width, bottom_ - top_, facts_.back().number);
+      cells.push_back({&cell, left, right, stackOf(cell.paragraphs, room, fonts_), 0, 0});
+      left = right;
     }
     return cells;
   }
@@ -340,12 +343,20 @@ class Layout {
     return row.height < 0 ? -row.height : std::max<double>(restOf(cells), row.height);
   }
 
+  // Whether each cell has room for its first line.
+  static bool beginsWithin(const std::vector<OpenCell>& cells, double room) {
+    return std::all_of(cells.begin(), cells.end(), [room](const OpenCell& open) {
+      return open.stack.lines.empty() || open.stack.lines.front().top + open.stack.lines.front().line.height <= room;
+    });
+  }
+
   // A row stays together when a page can hold it; a higher one is cut between its lines.
   void placeRow(const TableRow& row, std::size_t index) {
     const TableRow* below = rowAt(index + 1);
     std::vector<OpenCell> cells = openCells(row);
     double height = heightOf(row, cells);
-    if (!untouched_ && y_ + height > bottom_ + kHair) {
+    const bool fitsAPage = height <= bottom_ - top_;
+    if (!untouched_ && y_ + height > bottom_ + kHair && (fitsAPage || !beginsWithin(cells, bottom_ - y_))) {
       openPage();
       if (!row.isHeading)
         repeatHeadings(index);
@@ -383,11 +394,11 @@ class Layout {
   bool placeSlice(const TableRow& row, std::vector<OpenCell>& cells, double height, const TableRow* below, bool whole) {
     bool placed = false;
     for (OpenCell& open : cells) {
-      const CellFrame frame{frame_.left + open.left,        y_,
-                            frame_.left + open.cell->right, y_ + height,
-                            !open.cell->continuesAbove,     !continuesBelow(*open.cell, below)};
+      const CellFrame frame{frame_.left + open.left,    y_,
+                            frame_.left + open.right,   y_ + height,
+                            !open.cell->continuesAbove, !continuesBelow(*open.cell, below)};
       paintCell(page(), *open.cell, frame);
-      const double down = whole ? spaceAbove(open, height) : 0;
+      const double down = whole ? spaceAbove(*open.cell, height - open.rest()) : 0;
       if (placeLines(open, {frame.left + row.padding, y_ + down, frame.right - row.padding, 0},
                      whole ? kUnbounded : height))
         placed = true;
@@ -403,10 +414,13 @@ class Layout {
       const PlacedLine& placed = open.stack.lines[open.next];
       if (placed.top - begin + placed.line.height > room + kHair)
         break;
-      paintLine(page(), placed.line, place.left, place.top + placed.top - begin, fonts_);
+      paintLine(page(), placed.line, place.left + placed.x, place.top + placed.top - begin, fonts_);
     }
-    for (PlacedBox box : open.stack.boxes) {
-      const double end = open.done();
+    const double end = open.done();
+    while (open.nextBox < open.stack.boxes.size() && open.stack.boxes[open.nextBox].bottom <= begin)
+      ++open.nextBox;
+    for (std::size_t i = open.nextBox; i < open.stack.boxes.size() && open.stack.boxes[i].top < end; ++i) {
+      PlacedBox box = open.stack.boxes[i];
       box.withTop = box.withTop && box.top >= begin;
       box.withBottom = box.withBottom && box.bottom <= end;
       box.top = std::max(box.top, begin);
@@ -415,25 +429,6 @@ class Layout {
         paintBox(page(), box, place.left, place.right - place.left, place.top - begin);
     }
     return open.next > first;
-  }
-
-  static double spaceAbove(const OpenCell& open, double height) {
-    const double room = std::max(0.0, height - open.rest());
-    switch (open.cell->place) {
-      case VerticalPlace::Middle:
-        return room / 2;
-      case VerticalPlace::Bottom:
-        return room;
-      case VerticalPlace::Top:
-        break;
-    }
-    return 0;
-  }
-
-  static bool continuesBelow(const Cell& cell, const TableRow* below) {
-    return below && std::any_of(below->cells.begin(), below->cells.end(), [&cell](const Cell& other) {
-             return other.continuesAbove && std::abs(other.right - cell.right) < 20;
-           });
   }
 
   const Document& document_;

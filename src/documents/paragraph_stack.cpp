@@ -1,6 +1,8 @@
 #include "documents/paragraph_stack.h"
 
 #include <algorithm>
+#include <cmath>
+#include <span>
 #include <utility>
 
 #include "documents/page_painter.h"
@@ -21,11 +23,119 @@ bool shareBox(const ParagraphStyle* a, const ParagraphStyle* b) {
          a->shade == b->shade;
 }
 
+double shiftOf(const TableRow& row, double width) {
+  if (row.cells.empty() || (row.alignment != Alignment::Center && row.alignment != Alignment::Right))
+    return 0;
+  const double room = width - (row.cells.back().right - row.left);
+  return (row.alignment == Alignment::Center ? room / 2 : room) - row.left;
+}
+
+double spaceAbove(const Cell& cell, double room) {
+  if (room <= 0 || cell.place == VerticalPlace::Top)
+    return 0;
+  return cell.place == VerticalPlace::Middle ? room / 2 : room;
+}
+
+bool continuesBelow(const Cell& cell, const TableRow* below) {
+  constexpr int nearly = 20;
+  return below && std::any_of(below->cells.begin(), below->cells.end(), [&cell](const Cell& other) {
+           return other.continuesAbove && std::abs(other.right - cell.right) < nearly;
+         });
+}
+
+namespace {
+
+// A cell of a table inside the stack, with the text that stands in it.
+struct InnerCell {
+  const Cell* cell;
+  double left, right;
+  Stack text;
+};
+
+void addCell(Stack& stack, InnerCell& inner, double padding, double height) {
+  const double down = stack.height + spaceAbove(*inner.cell, height - inner.text.height);
+  for (PlacedLine& placed : inner.text.lines) {
+    placed.top += down;
+    placed.x += inner.left + padding;
+    stack.lines.push_back(std::move(placed));
+  }
+  for (PlacedBox box : inner.text.boxes) {
+    box.top += down;
+    box.bottom += down;
+    box.x = inner.left + padding;
+    box.width = inner.right - inner.left - 2 * padding;
+    stack.boxes.push_back(box);
+  }
+}
+
+template <class List>
+void sortFrom(List& list, std::size_t first) {
+  std::stable_sort(list.begin() + static_cast<std::ptrdiff_t>(first), list.end(),
+                   [](const auto& a, const auto& b) { return a.top < b.top; });
+}
+
+std::vector<InnerCell> innerCells(std::span<const Paragraph> paragraphs, const LineArea& area,
+                                  const FontMeasure& fonts) {
+  const TableRow& row = *paragraphs.front().row;
+  const double shift = shiftOf(row, area.width);
+  std::vector<InnerCell> cells;
+  double left = row.left + shift;
+  for (const Cell& cell : row.cells) {
+    cells.push_back({&cell, left, cell.right + shift, {}});
+    left = cell.right + shift;
+  }
+  for (std::size_t i = 0; i < paragraphs.size(); ++i) {
+    InnerCell& inner = cells[std::min(paragraphs[i].cell, cells.size() - 1)];
+    LineArea room = area;
+    room.width = std::max(kNarrowestCell, inner.right - inner.left - 2.0 * row.padding);
+    const auto styleAt = [&](std::size_t other) {
+      return other < paragraphs.size() && paragraphs[other].cell == paragraphs[i].cell ? &paragraphs[other].style
+                                                                                       : nullptr;
+    };
+    addToStack(inner.text, paragraphs[i], styleAt(i - 1), styleAt(i + 1), room, fonts);
+  }
+  return cells;
+}
+
+// The row that begins with the paragraph; gives the first paragraph behind it.
+std::size_t addRowToStack(Stack& stack, const std::vector<Paragraph>& paragraphs, std::size_t first,
+                          const LineArea& area, const FontMeasure& fonts) {
+  const TableRow& row = *paragraphs[first].row;
+  std::size_t end = first;
+  while (end < paragraphs.size() && paragraphs[end].row == paragraphs[first].row)
+    ++end;
+  if (row.cells.empty())
+    return end;
+  const TableRow* below = end < paragraphs.size() ? paragraphs[end].row.get() : nullptr;
+  std::vector<InnerCell> cells = innerCells(std::span(paragraphs).subspan(first, end - first), area, fonts);
+  double height = std::max(0, row.height);
+  for (const InnerCell& inner : cells)
+    height = std::max(height, inner.text.height);
+  if (row.height < 0)
+    height = -row.height;
+  const std::size_t firstLine = stack.lines.size(), firstBox = stack.boxes.size();
+  for (const InnerCell& inner : cells)
+    stack.boxes.push_back({nullptr, stack.height, stack.height + height, !inner.cell->continuesAbove,
+                           !continuesBelow(*inner.cell, below), inner.left, inner.right - inner.left, inner.cell});
+  for (InnerCell& inner : cells)
+    addCell(stack, inner, row.padding, height);
+  sortFrom(stack.lines, firstLine);
+  sortFrom(stack.boxes, firstBox);
+  stack.height += height;
+  return end;
+}
+
+}  // namespace
+
 Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& area, const FontMeasure& fonts, double lowest) {
   Stack stack;
   const auto styleAt = [&](std::size_t i) { return i < paragraphs.size() ? &paragraphs[i].style : nullptr; };
-  for (std::size_t i = 0; i < paragraphs.size() && stack.height <= lowest; ++i)
-    addToStack(stack, paragraphs[i], styleAt(i - 1), styleAt(i + 1), area, fonts);
+  for (std::size_t i = 0; i < paragraphs.size() && stack.height <= lowest;) {
+    if (paragraphs[i].row)
+      i = addRowToStack(stack, paragraphs, i, area, fonts);
+    else
+      addToStack(stack, paragraphs[i], styleAt(i - 1), styleAt(i + 1), area, fonts), ++i;
+  }
   return stack;
 }
 
@@ -51,6 +161,11 @@ void addToStack(Stack& stack, const Paragraph& paragraph, const ParagraphStyle* 
 }
 
 void paintBox(Page& page, const PlacedBox& box, double x, double width, double y) {
+  x += box.x;
+  if (box.width >= 0)
+    width = box.width;
+  if (box.cell)
+    return paintCell(page, *box.cell, {x, y + box.top, x + width, y + box.bottom, box.withTop, box.withBottom});
   const ParagraphStyle& style = *box.style;
   Cell cell;
   cell.top = style.top;

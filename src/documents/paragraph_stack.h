@@ -6,21 +6,26 @@
 
 namespace zelvo {
 
-inline constexpr double kUnbounded = 1e12;  ///< lower than any paper
+inline constexpr double kUnbounded = 1e12;     ///< lower than any paper
+inline constexpr double kNarrowestCell = 100;  ///< however a table is set, a cell takes some letters
 
 struct PlacedLine {
   Line line;
   double top = 0;
+  double x = 0;  ///< of its text area, from the stack's left edge
 };
 
-/// The ground and borders of a paragraph, or a part of it.
+/// The ground and borders of a paragraph, or a part of it; or those of a cell of a table in the stack.
 struct PlacedBox {
   const ParagraphStyle* style = nullptr;
   double top = 0, bottom = 0;
   bool withTop = true, withBottom = true;
+  double x = 0, width = -1;  ///< of its text area; below 0: as wide as the stack
+  const Cell* cell = nullptr;
 };
 
-/// Paragraphs laid out one below the other, with the space above and below each. Heights count from the stack's top.
+/// Paragraphs laid out one below the other, with the space above and below each, and tables among them. Heights count
+/// from the stack's top; lines and boxes come in the order in which they begin.
 struct Stack {
   std::vector<PlacedLine> lines;
   std::vector<PlacedBox> boxes;
@@ -33,6 +38,13 @@ double edgeRoom(const ParagraphStyle& style, const Border& edge);
 bool hasBox(const ParagraphStyle& style);
 /// Paragraphs of the same borders and indents stand in one box.
 bool shareBox(const ParagraphStyle* a, const ParagraphStyle* b);
+
+/// How far a table's row is moved from where its edges are stated, in a text area of that width.
+double shiftOf(const TableRow& row, double width);
+/// How far the text of a cell is moved down in a row that is higher than it by `room`.
+double spaceAbove(const Cell& cell, double room);
+/// Whether the cell is one with the cell below it.
+bool continuesBelow(const Cell& cell, const TableRow* below);
 
 /// The paragraphs refer to their styles and must outlive the stack. None of them begins below `lowest`.
 Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& area, const FontMeasure& fonts,

@@ -4,6 +4,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include "documents/drawing.h"
+#include "documents/metafile_reader.h"
+
 namespace zelvo {
 
 namespace {
@@ -25,13 +28,6 @@ std::uint32_t byteAt(std::string_view bytes, std::size_t position) {
 std::uint32_t bigEndian(std::string_view bytes, std::size_t position, int count) {
   std::uint32_t number = 0;
   for (int i = 0; i < count; ++i)
-    number = number << 8 | byteAt(bytes, position + static_cast<std::size_t>(i));
-  return number;
-}
-
-std::uint32_t littleEndian(std::string_view bytes, std::size_t position, int count) {
-  std::uint32_t number = 0;
-  for (int i = count - 1; i >= 0; --i)
     number = number << 8 | byteAt(bytes, position + static_cast<std::size_t>(i));
   return number;
 }
@@ -142,6 +138,16 @@ std::optional<Picture> readPicture(std::string bytes) {
   return pictureOf(PictureKind::Bmp, bmpPixels(bytes), bytes);
 }
 
+std::optional<Picture> drawnPicture(std::string metafile) {
+  if (drawingOf(metafile).empty())
+    return std::nullopt;
+  Picture picture;
+  picture.kind = PictureKind::Metafile;
+  picture.bytes = std::move(metafile);
+  picture.width = picture.height = static_cast<int>(kTwipsPerInch);
+  return picture;
+}
+
 void fitInto(Picture& picture, int width, int height) {
   const double part = std::min({1.0, double(width) / picture.width, double(height) / picture.height});
   picture.width = std::max(1, static_cast<int>(picture.width * part));
@@ -149,19 +155,15 @@ void fitInto(Picture& picture, int width, int height) {
 }
 
 std::string bitmapOfMetafile(std::string_view metafile) {
-  constexpr std::size_t placeableHeader = 22;
-  constexpr std::size_t header = 18;
   std::string_view largest;
-  const bool placeable = littleEndian(metafile, 0, 4) == 0x9AC6CDD7;
-  for (std::size_t record = header + (placeable ? placeableHeader : 0); record + 6 <= metafile.size();) {
-    const std::size_t size = std::size_t{littleEndian(metafile, record, 4)} * 2;
-    if (size < 6)
-      break;
-    const std::string_view body = metafile.substr(record, size);
-    const std::size_t bitmap = bitmapInRecord(littleEndian(metafile, record + 4, 2));
-    if (bitmap > 0 && littleEndian(body, bitmap, 4) == 40 && body.size() - bitmap > largest.size())
-      largest = body.substr(bitmap);
-    record += size;
+  MetafileReader reader(metafile);
+  MetafileRecord record;
+  while (reader.next(record)) {
+    const std::size_t bitmap = bitmapInRecord(record.function);
+    if (bitmap == 0 || bitmap >= record.bytes.size() || littleEndian(record.bytes, bitmap, 4) != 40)
+      continue;
+    if (record.bytes.size() - bitmap > largest.size())
+      largest = record.bytes.substr(bitmap);
   }
   return std::string(largest);
 }

@@ -12,6 +12,9 @@ namespace zelvo {
 /// dots to the inch when it states none. Nothing when it is none of these.
 std::optional<Picture> readPicture(std::string bytes);
 
+/// A Windows metafile as a picture, when it draws anything, an inch each way: its letter says how large it is.
+std::optional<Picture> drawnPicture(std::string metafile);
+
 /// The same picture, made smaller in proportion until it fits.
 void fitInto(Picture& picture, int width, int height);
 

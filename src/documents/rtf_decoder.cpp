@@ -35,7 +35,7 @@ const std::unordered_map<std::string_view, Destination>& destinations() {
 
 // Starred groups that hold text or a picture like any other; every other starred group that is not known is read over.
 bool isTransparent(std::string_view word) {
-  return word == "shppict";
+  return word == "shppict" || word == "nesttableprops";
 }
 
 const std::unordered_map<std::string_view, char32_t>& characterWords() {

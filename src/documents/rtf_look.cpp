@@ -83,6 +83,7 @@ struct ParagraphWords {
     static const RtfWords<ParagraphLook> words = {
         {"pard", [](L& look, const T&) { look = ParagraphLook{}; }},
         {"intbl", [](L& look, const T&) { look.inTable = true; }},
+        {"itap", [](L& look, const T& token) { look.tableLevel = token.parameterOr(1); }},
         {"ql", [](L& look, const T&) { align(look, Alignment::Left); }},
         {"qc", [](L& look, const T&) { align(look, Alignment::Center); }},
         {"qr", [](L& look, const T&) { align(look, Alignment::Right); }},

@@ -34,6 +34,7 @@ bool takeBorderWord(const RtfToken& token, Border& border, const RtfColours& col
 struct ParagraphLook {
   ParagraphStyle style;
   bool inTable = false;
+  int tableLevel = 1;  ///< 2: of a table inside a cell
 
   bool take(const RtfToken& token, const RtfColours& colours);
   /// The style with its line spacing, whose two words come in either order, and its tabs in order.

@@ -51,6 +51,10 @@ void RtfPicture::take(const RtfToken& token) {
     source_ = Source::Bitmap;
   else if (word == "wmetafile")
     source_ = Source::Metafile;
+  else if (word == "picw")
+    width_ = number;
+  else if (word == "pich")
+    height_ = number;
   else if (word == "picwgoal")
     goalWidth_ = number;
   else if (word == "pichgoal")
@@ -94,11 +98,24 @@ std::optional<Picture> RtfPicture::read() const {
     case Source::Bitmap:
       return readPicture(bmpFileOf(bytes_));
     case Source::Metafile:
-      return readPicture(bmpFileOf(bitmapOfMetafile(bytes_)));
+      if (const std::string bitmap = bitmapOfMetafile(bytes_); !bitmap.empty())
+        return readPicture(bmpFileOf(bitmap));
+      return drawn();
     case Source::Unknown:
       break;
   }
   return std::nullopt;
+}
+
+// Scanned pictures come wrapped in a metafile; one that holds none may be a drawing.
+std::optional<Picture> RtfPicture::drawn() const {
+  constexpr double twipsOfUnit = 1440 / 2540.0;  // its own size is stated in hundredths of a millimetre
+  auto picture = drawnPicture(bytes_);
+  if (picture && width_ > 0 && height_ > 0) {
+    picture->width = std::max(1, static_cast<int>(width_ * twipsOfUnit));
+    picture->height = std::max(1, static_cast<int>(height_ * twipsOfUnit));
+  }
+  return picture;
 }
 
 void RtfPicture::placeOnPaper(Picture& picture) const {

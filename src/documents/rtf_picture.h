@@ -19,9 +19,11 @@ class RtfPicture {
  private:
   enum class Source { Unknown, File, Bitmap, Metafile };
   std::optional<Picture> read() const;
+  std::optional<Picture> drawn() const;
   void placeOnPaper(Picture& picture) const;
 
   Source source_ = Source::Unknown;
+  int width_ = 0, height_ = 0;          // the picture's own, in units of its kind
   int goalWidth_ = 0, goalHeight_ = 0;  // twips
   double acrossScale_ = 1, downScale_ = 1;
   int cropLeft_ = 0, cropTop_ = 0, cropRight_ = 0, cropBottom_ = 0;  // twips of the goal size

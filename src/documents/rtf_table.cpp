@@ -1,6 +1,8 @@
 #include "documents/rtf_table.h"
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace zelvo {
 
@@ -12,7 +14,7 @@ constexpr std::size_t kUsualRowWidth = 9000;  // of a row whose shape the file d
 }  // namespace
 
 bool RtfTable::take(const RtfToken& token) {
-  return takeRowWord(token) || takeCellWord(token) || (border_ && takeBorderWord(token, *border_, colours_));
+  return takeRowWord(token) || takeCellWord(token) || (border_ && takeBorderWord(token, *border_, *colours_));
 }
 
 bool RtfTable::takeRowWord(const RtfToken& token) {
@@ -30,6 +32,8 @@ bool RtfTable::takeRowWord(const RtfToken& token) {
     row_.padding = std::clamp(token.parameterOr(0), 0, 2880);
   } else if (word == "trrh") {
     row_.height = std::clamp(token.parameterOr(0), -31680, 31680);
+  } else if (word == "trqc" || word == "trqr" || word == "trql") {
+    row_.alignment = word == "trqc" ? Alignment::Center : word == "trqr" ? Alignment::Right : Alignment::Left;
   } else if (word == "trhdr") {
     row_.isHeading = true;
   } else if (word == "cellx") {
@@ -60,7 +64,7 @@ bool RtfTable::takeCellWord(const RtfToken& token) {
   else if (word == "clvertalb")
     cell.place = VerticalPlace::Bottom;
   else if (word == "clcbpat")
-    cell.shade = colours_.at(token.parameterOr(0));
+    cell.shade = colours_->at(token.parameterOr(0));
   else if (word == "clvmrg")
     cell.continuesAbove = true;
   else if (word == "clmrg")
@@ -85,7 +89,10 @@ void RtfTable::endShape(int right) {
   border_ = nullptr;
 }
 
+// A table inside a cell is never the last thing in it: a paragraph ends the cell.
 void RtfTable::endCell() {
+  if (!cell_.empty() && cell_.back().row)
+    cell_.emplace_back();
   cells_.push_back(std::move(cell_));
   cell_.clear();
 }
@@ -131,6 +138,18 @@ TableRow RtfTable::endRow() {
   cells_.clear();
   shapeUsed_ = true;
   return row;
+}
+
+std::vector<Paragraph> RtfTable::endInnerRow() {
+  const auto row = std::make_shared<TableRow>(endRow());
+  std::vector<Paragraph> paragraphs;
+  for (std::size_t cell = 0; cell < row->cells.size(); ++cell)
+    for (Paragraph& paragraph : std::exchange(row->cells[cell].paragraphs, {})) {
+      paragraph.row = row;
+      paragraph.cell = cell;
+      paragraphs.push_back(std::move(paragraph));
+    }
+  return paragraphs;
 }
 
 }  // namespace zelvo

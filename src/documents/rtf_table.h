@@ -12,13 +12,15 @@ namespace zelvo {
 /// until it is described anew.
 class RtfTable {
  public:
-  explicit RtfTable(const RtfColours& colours) : colours_(colours) {}
+  explicit RtfTable(const RtfColours& colours) : colours_(&colours) {}
 
   /// True when the word was one of a table's shape.
   bool take(const RtfToken& token);
   void add(Paragraph paragraph) { cell_.push_back(std::move(paragraph)); }
   void endCell();
   TableRow endRow();
+  /// The same for a table inside a header, a footer or a cell: its paragraphs, which know their row.
+  std::vector<Paragraph> endInnerRow();
   /// Whether a row is begun and not ended.
   bool isOpen() const { return !cell_.empty() || !cells_.empty(); }
 
@@ -34,7 +36,7 @@ class RtfTable {
   void shapeEvenly();
   static void joinLeft(Cell& left, Cell& cell);
 
-  const RtfColours& colours_;
+  const RtfColours* colours_;
   TableRow row_;
   std::vector<Shape> shapes_;
   bool shapeUsed_ = false;  // by a row before

@@ -112,6 +112,9 @@ std::string rtfPicture(const Picture& picture) {
       rtf += "\\dibitmap0";
       bytes.remove_prefix(std::min(fileHeader, bytes.size()));
       break;
+    case PictureKind::Metafile:
+      rtf += "\\wmetafile8";
+      break;
   }
   appendSize(rtf, "\\picwgoal", "\\piccropl", "\\piccropr", picture.width, picture.cropLeft, picture.cropRight);
   appendSize(rtf, "\\pichgoal", "\\piccropt", "\\piccropb", picture.height, picture.cropTop, picture.cropBottom);

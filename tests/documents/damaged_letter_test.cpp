@@ -19,10 +19,12 @@ const DateTime kNow{{2026, 3, 9}, 0};
 std::string wholeLetter() {
   return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fcharset0 Times;}{\\f1\\fcharset128 "
          "Mincho;}}\r\n{\\colortbl;\\red9\\green8\\blue7;}{\\stylesheet{\\s1 One;}}{\\info{\\title T}}\\paperw12240"
-         "\\paperh15840\\margl1300\\titlepg{\\header\\pard h {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}{\\footerf "
+         "\\paperh15840\\margl1300\\titlepg{\\header\\trowd\\cellx900\\pard\\intbl t\\cell\\row\\pard h "
+         "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}\\par}{\\footerf "
          "f}\\pard\\plain\\qc\\sb60\\fs22 Owner: \\'e4\\u8364?{\\b bold\\i\\ul0 }{\\f1\\'93\\'fa}\\tqr\\tldot\\tx5000"
          "\\tab x\\line\\par\\trowd\\trgaph60\\trrh-300\\clvmgf\\clbrdrt\\brdrs\\cellx900\\clmgf\\cellx1800\\clmrg"
          "\\cellx2700\\intbl a\\cell b\\par "
+         "\\itap2 in\\nestcell{\\*\\nesttableprops\\trowd\\trqc\\cellx500\\nestrow}\\itap1 "
          "c\\cell\\cell\\row\\pard{\\*\\shppict{\\pict\\dibitmap\\picwgoal90\\pichgoal90"
          "\\picscalex50\r\n2800000001000000010000000100180000000000000000000000000000000000000000000000000000ff00}}"
          "{\\footnote n}\\sect\\sbknone{\\pntext\\'b7\\tab}\\bin3 {}\\ end\\par}\r\n";

@@ -5,7 +5,9 @@
 
 #include "base/files.h"
 #include "sample_screen.h"
+#include "support/metafile.h"
 #include "ui/printing/page_painter.h"
+#include "ui/printing/paper_font.h"
 
 namespace zelvo::testing {
 namespace {
@@ -19,6 +21,17 @@ TEST(Paper, ALineOfAReportIsAsWideAsItsCharacters) {
   EXPECT_NEAR(heights.ascent + heights.descent, 226, 4) << "1.13 of 10 points";
 }
 
+// The words of a PDF with their places, in points.
+QString boxesIn(const std::string& pdf) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath("roster.pdf");
+  EXPECT_TRUE(replaceFile(path.toStdString(), pdf));
+  QProcess reader;
+  reader.start("pdftotext", {"-bbox", path, "-"});
+  EXPECT_TRUE(reader.waitForFinished()) << "pdftotext is not installed";
+  return reader.readAllStandardOutput();
+}
+
 // The printed page is measured, not the intention: 76 characters of 10 point Courier are 456 points wide.
 TEST(Paper, ThePdfHasTheWidthThatWasLaidOut) {
   PagedDocument document;
@@ -27,19 +40,48 @@ TEST(Paper, ThePdfHasTheWidthThatWasLaidOut) {
   document.pages[1].texts.push_back({720, 1440, 0, "second", kCourier10, {}});
   const auto pdf = pdfOf(document, "Roster");
   ASSERT_TRUE(pdf);
-  const QTemporaryDir folder;
-  const QString path = folder.filePath("roster.pdf");
-  ASSERT_TRUE(replaceFile(path.toStdString(), *pdf));
-  QProcess reader;
-  reader.start("pdftotext", {"-bbox", path, "-"});
-  ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is not installed";
-  const QString boxes = reader.readAllStandardOutput();
+  const QString boxes = boxesIn(*pdf);
   EXPECT_EQ(boxes.count("<page width=\"612.000000\" height=\"792.000000\">"), 2);
   const QRegularExpression word("xMin=\"([0-9.]+)\" yMin=\"[0-9.]+\" xMax=\"([0-9.]+)\"[^>]*>M+<");
   const auto found = word.match(boxes);
   ASSERT_TRUE(found.hasMatch()) << boxes.toStdString();
   EXPECT_NEAR(found.captured(1).toDouble(), 72, 0.1);
   EXPECT_NEAR(found.captured(2).toDouble() - found.captured(1).toDouble(), 456, 0.2);
+}
+
+TEST(Paper, ADrawingIsPaintedIntoItsPlace) {
+  Picture seal;
+  seal.kind = PictureKind::Metafile;
+  seal.bytes = metafile(record(0x012E, {24}) + record(0x0A32, {100, 50, 4, 0}, "Town"));
+  seal.cropLeft = 0.25;
+  PagedDocument document;
+  document.pages.resize(1);
+  document.pages[0].pictures.push_back({1440, 1440, 1440, 1440, std::make_shared<Picture>(seal)});
+  const QRegularExpression word("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\" [^>]*yMax=\"([0-9.]+)\">Town<");
+  const QString words = boxesIn(pdfOf(document, "Seal").value());
+  const auto found = word.match(words);
+  ASSERT_TRUE(found.hasMatch()) << words.toStdString();
+  EXPECT_NEAR(found.captured(1).toDouble(), 72 + 24, 0.5) << "half of the drawing, of which a quarter is cut off";
+  EXPECT_LT(found.captured(2).toDouble(), 72 + 36);
+  EXPECT_GT(found.captured(3).toDouble(), 72 + 36);
+}
+
+// What the fonts do not have is left to the system, and stands behind what they have.
+TEST(Paper, TextsOfManyScriptsAreAsWideAsTheyAreDrawn) {
+  for (const char* text :
+       {"Permit 26-0012, \u00A7 7 \u2014 \u201CJos\u00E9\u201D", "fi fl AV To", "e\u0301 \u4E2D\u6587 \U0001F600"}) {
+    const QFont font = paperFont(kCourier10);
+    EXPECT_NEAR(PaperFace(kCourier10).advance(text), QFontMetricsF(font).horizontalAdvance(text), 1) << text;
+  }
+}
+
+TEST(Paper, ADocumentOfTooManyPagesIsRefused) {
+  PagedDocument document;
+  document.pages.resize(1);
+  document.isCutOff = true;
+  const auto refused = pdfOf(document, "Roster");
+  ASSERT_FALSE(refused);
+  EXPECT_NE(refused.error().message.find("\"Roster\" has more than 2000 pages"), std::string::npos);
 }
 
 TEST_F(WindowTest, AMissingDocumentAndAnUnknownPrinterAreErrorsThatSaySo) {

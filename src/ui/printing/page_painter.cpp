@@ -7,6 +7,7 @@
 #include <map>
 #include <utility>
 
+#include "ui/printing/drawing_painter.h"
 #include "ui/printing/paper_font.h"
 #include "ui/qt_text.h"
 
@@ -17,13 +18,9 @@ namespace {
 constexpr int kTwipsAnInch = 1440;
 constexpr double kTwipsOfPoint = 20;
 
-QColor ink(const Colour& colour) {
-  return {colour.red, colour.green, colour.blue};
-}
-
 void paintFilled(QPainter& painter, const std::vector<FilledPiece>& pieces) {
   for (const FilledPiece& piece : pieces)
-    painter.fillRect(QRectF(piece.x, piece.y, piece.width, piece.height), ink(piece.colour));
+    painter.fillRect(QRectF(piece.x, piece.y, piece.width, piece.height), inkOf(piece.colour));
 }
 
 // The picture of a letterhead stands on every page: it is read once, and goes into a PDF once. Of many, those are kept
@@ -50,10 +47,24 @@ class ReadPictures {
   qsizetype size_ = 0;
 };
 
-void paintPicture(QPainter& painter, const PicturePiece& piece, ReadPictures& pictures) {
+// The whole drawing around the part of it that is shown.
+void paintDrawn(QPainter& painter, const PicturePiece& piece, const PaperFaces& faces) {
+  const Picture& picture = *piece.picture;
+  const double width = piece.width / (1 - picture.cropLeft - picture.cropRight);
+  const double height = piece.height / (1 - picture.cropTop - picture.cropBottom);
+  painter.save();
+  painter.setClipRect(QRectF(piece.x, piece.y, piece.width, piece.height));
+  const QRectF frame(piece.x - width * picture.cropLeft, piece.y - height * picture.cropTop, width, height);
+  paintDrawing(painter, drawingOf(picture.bytes), frame, faces);
+  painter.restore();
+}
+
+void paintPicture(QPainter& painter, const PicturePiece& piece, ReadPictures& pictures, const PaperFaces& faces) {
   if (!piece.picture)
     return;
   const Picture& picture = *piece.picture;
+  if (picture.kind == PictureKind::Metafile)
+    return paintDrawn(painter, piece, faces);
   const QImage& image = pictures.of(piece.picture);
   if (image.isNull())
     return;
@@ -68,7 +79,7 @@ void paintPicture(QPainter& painter, const PicturePiece& piece, ReadPictures& pi
 void paintText(QPainter& painter, const TextPiece& piece, const PaperFaces& faces) {
   const double scale = paperScale(piece.font);
   const QTransform page = painter.transform();
-  painter.setPen(ink(piece.colour));
+  painter.setPen(inkOf(piece.colour));
   painter.translate(piece.x, piece.baseline);
   painter.scale(scale, scale);
   faces.of(piece.font).draw(painter, piece.text);
@@ -84,7 +95,7 @@ QPageLayout paperOf(const Page& page) {
 void paintPieces(QPainter& painter, const Page& page, ReadPictures& pictures, const PaperFaces& faces) {
   paintFilled(painter, page.shades);
   for (const PicturePiece& piece : page.pictures)
-    paintPicture(painter, piece, pictures);
+    paintPicture(painter, piece, pictures, faces);
   for (const TextPiece& piece : page.texts)
     paintText(painter, piece, faces);
   paintFilled(painter, page.rules);
