@@ -22,7 +22,7 @@ constexpr Measure measures[] = {
     {"open", "DATABASE PERMIT", 2, openPermits},   {"page", "DATABASE", 1, readFirstPage},
     {"search", "DATABASE QUERY", 2, countFound},   {"add", "DATABASE COMPUTERS", 2, addPermits},
     {"import", "FILE DATABASE", 2, importPermits}, {"parcels", "FOLDER COUNT", 2, findParcels},
-    {"serve", "FOLDER DATABASE", 2, serve},
+    {"serve", "FOLDER DATABASE", 2, serve},        {"letters", "FOLDER COUNT", 2, makeLetters},
 };
 
 int usage() {

@@ -32,6 +32,9 @@ Result<std::string> importPermits(Arguments arguments);
 /// registry when the folder has none.
 Result<std::string> findParcels(Arguments arguments);
 
+/// FOLDER COUNT: writes so many letters of an office into the folder, some 14 KB each, the same in every run.
+Result<std::string> makeLetters(Arguments arguments);
+
 /// FOLDER DATABASE: starts a PostgreSQL server and makes the folder one that keeps its permits there, those of the
 /// database. Tells how to reach it and their schema as soon as they are there, and ends with its input.
 /// Trouble::NotFound when no server is installed.
