@@ -35,6 +35,10 @@ long daysBetween(Date from, Date to);
 /// The text as a date: m/d/yy, m/d/yyyy (also with "-"), or "mmmm d, yyyy"; two-digit years 00-29 are 2000-2029, 30-99
 /// are 1930-1999. Anything else, the 29th of February of a common year included, is none. "09-12" is none.
 std::optional<Date> parseDate(std::string_view text);
+/// A date as fast hands type it: all that parseDate takes, m/d of this year, mmddyy and mmddyyyy without signs, "t" for
+/// today, "+7" and "-3" for days from today (not from what the box held: the clerk counts from the calendar on the
+/// wall). Anything else is none.
+std::optional<Date> typedDate(std::string_view text, Date today);
 /// As parseDate, with an optional time behind it: "h:mm", "h:mm:ss", either with AM or PM.
 std::optional<DateTime> parseDateTime(std::string_view text);
 

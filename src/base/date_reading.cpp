@@ -90,6 +90,38 @@ std::optional<Date> readNumbers(std::string_view text, char separator) {
   return validOnly({*year, *month, *day});
 }
 
+/// Month and day, of the year given.
+std::optional<Date> readDayOfYear(std::string_view text, int year) {
+  Parts parts(text);
+  const auto month = parts.number(1, 2);
+  if (!month || !(parts.take('/') || parts.take('-')))
+    return {};
+  const auto day = parts.number(1, 2);
+  if (!day || !parts.atEnd())
+    return {};
+  return validOnly({year, *month, *day});
+}
+
+/// Six or eight digits and nothing between them.
+std::optional<Date> readUnsigned(std::string_view text) {
+  if (text.find_first_not_of("0123456789") != std::string_view::npos || (text.size() != 6 && text.size() != 8))
+    return {};
+  const std::string parted =
+      std::string(text.substr(0, 2)) + "/" + std::string(text.substr(2, 2)) + "/" + std::string(text.substr(4));
+  return readNumbers(parted, '/');
+}
+
+std::optional<Date> readDaysFrom(std::string_view text, Date today) {
+  Parts parts(text);
+  const bool later = parts.take('+');
+  if (!later && !parts.take('-'))
+    return {};
+  const auto days = parts.number(1, 5);
+  if (!days || !parts.atEnd())
+    return {};
+  return addDays(today, later ? *days : -*days);
+}
+
 int monthNamed(std::string_view name) {
   for (std::size_t i = 0; i < monthNames.size(); ++i) {
     if (alike(name, monthNames[i]))
@@ -177,6 +209,17 @@ std::optional<Date> parseDate(std::string_view text) {
   if (const auto date = readNumbers(text, '-'))
     return date;
   return readNamed(text);
+}
+
+std::optional<Date> typedDate(std::string_view text, Date today) {
+  text = trim(text);
+  if (alike(text, "t"))
+    return today;
+  for (const auto read :
+       {parseDate(text), readDayOfYear(text, today.year), readUnsigned(text), readDaysFrom(text, today)})
+    if (read)
+      return read;
+  return {};
 }
 
 std::optional<DateTime> parseDateTime(std::string_view text) {

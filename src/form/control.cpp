@@ -64,6 +64,15 @@ Result<void> TextBox::take(std::string_view value) {
   return {};
 }
 
+bool TextBox::tidyDate() {
+  if (!holdsDate || trim(text).empty())
+    return true;
+  const auto date = typedDate(text, screen().today());
+  if (date)
+    text = datePicture(*date, "mm/dd/yyyy");
+  return date.has_value();
+}
+
 Button::Button(Screen& screen, std::string_view name, std::string_view text, int index)
     : Control(screen, name, index), caption(text) {}
 
@@ -115,9 +124,9 @@ Result<void> DatePicker::take(std::string_view value) {
     date.reset();
     return {};
   }
-  const auto read = parseDate(value);
+  const auto read = typedDate(value, screen().today());
   if (!read)
-    return cannotTake(*this, value, "a date is written mm/dd/yyyy");
+    return cannotTake(*this, value, kDateWays);
   date = read;
   return {};
 }

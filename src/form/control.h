@@ -17,6 +17,9 @@ namespace zelvo {
 
 class Screen;
 
+/// How dates are typed, for whoever typed something else.
+inline constexpr std::string_view kDateWays = "a date is written mm/dd/yyyy, or 3/9, 030926, t for today, +7 or -3";
+
 enum class ControlKind {
   Label,
   TextBox,
@@ -91,9 +94,14 @@ class TextBox : public Control {
   ControlKind kind() const override { return ControlKind::TextBox; }
   std::string shown() const override;  ///< of a password as many stars as it has characters
 
+  /// Writes a date that was typed short ("3/9", "t", "+7") in full. False when the box is to hold a date and what
+  /// stands in it is none.
+  bool tidyDate();
+
   std::string text;
   bool manyLines = false;
   bool password = false;
+  bool holdsDate = false;  ///< a date that may be typed short; it stands in full once the box is left
   int maxLength = 0;  ///< most characters that a user types; 0 without a limit. What is longer is cut when it is stored
 
  protected:
@@ -110,6 +118,7 @@ class Button : public Control {
   std::string caption;
   bool isDefault = false;  ///< Enter presses it
   bool isCancel = false;   ///< Esc presses it
+  std::string shortcut;    ///< "Ctrl+S": presses it wherever the focus is, for faces with a keyboard
 };
 
 class CheckBox : public Control {

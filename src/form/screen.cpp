@@ -65,8 +65,22 @@ Result<void> Screen::userLeaves(Control& control) {
   if (auto refused = refuseUnreachable(control); !refused)
     return refused;
   noteBox(control);
+  if (auto* box = dynamic_cast<TextBox*>(&control); box && box->holdsDate && !box->locked)
+    tidyDate(*box);
   run(control, Event::Leave);
   return {};
+}
+
+// What cannot be read stays as it was typed, and the line at the foot says so until it can.
+void Screen::tidyDate(TextBox& box) {
+  if (!box.tidyDate())
+    showStatus("\"" + box.text + "\" is no date: " + std::string(kDateWays) + ".");
+  else if (status.find(kDateWays) != std::string::npos)
+    showStatus("");
+}
+
+Date Screen::today() const {
+  return desk.clock.now().date;
 }
 
 void Screen::noteBox(Control& control) {

@@ -44,6 +44,9 @@ class Screen {
   Result<void> userPicksFromTextMenu(std::string_view entry, TextBox* box = nullptr);
   void userAsksForHelp();
 
+  /// The day that it is, for dates that are typed short.
+  Date today() const;
+
   /// Called by Screens when it came to the front, the first time included.
   void shownInFront();
 
@@ -79,6 +82,7 @@ class Screen {
   void add(Control& control) { controls_.push_back(&control); }
   Result<void> refuseUnreachable(const Control& control) const;
   void noteBox(Control& control);
+  void tidyDate(TextBox& box);
   void run(const Control& control, Event event);
   void guarded(const Handler& handler);
 

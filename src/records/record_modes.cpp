@@ -13,6 +13,8 @@ void RecordScreen::enter(Mode mode) {
   ILocate.caption = mode == Mode::Search ? "Find" : "&Locate";
   ILocate.isDefault = mode == Mode::Search;
   lockRecord(mode == Mode::Browse);
+  for (Control* control : required_)
+    control->required = mode != Mode::Search;
   if (mode == Mode::Browse)
     refreshRecord();
   else
@@ -74,7 +76,8 @@ void RecordScreen::beginNew() {
   clearWarnings();
   SSTab1.current = kRecordPage;
   enter(Mode::New);
-  showStatus("Please enter the data of the new " + std::string(kind_.noun) + ", then press Add.");
+  showStatus("Please enter the data of the new " + std::string(kind_.noun) +
+             ", then press Add. What is marked * must be filled in.");
   setFocus(Text1(1), true);
 }
 

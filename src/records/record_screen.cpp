@@ -49,6 +49,18 @@ void RecordScreen::bindButtons() {
   IMoveLast.tip = "Last record";
   ICopy.tip = "Begin a new record with what this one says";
   iReset.tip = "Show the whole table again";
+  nameKeys();
+}
+
+// Add and Save share a key: one of them alone can be pressed at a time.
+void RecordScreen::nameKeys() {
+  INew.shortcut = "Ctrl+N";
+  IAdd.shortcut = ISave.shortcut = "Ctrl+S";
+  IEdit.shortcut = "Ctrl+E";
+  ILocate.shortcut = "Ctrl+F";
+  iPrint.shortcut = "Ctrl+P";
+  IMovePrev.shortcut = "PgUp";
+  IMoveNext.shortcut = "PgDown";
 }
 
 void RecordScreen::bindList() {
@@ -133,6 +145,13 @@ void RecordScreen::readRecordsOrThrow() {
 void RecordScreen::prepareBoxes() {
   const Table& table = records().table();
   limitBoxes(table, *this);
+  for (const RequiredBox& needed : kind_.required)
+    Text1(needed.box).required = true;
+  for (int part : kParcelKeyBoxes)
+    Text1(part).required = true;
+  for (Control* control : controls())
+    if (control->required)
+      required_.push_back(control);
   for (const Column& column : table.columns)
     if (column.type == ColumnType::Number && column.box >= 1 && Text1.has(column.box))
       takeAmounts(Text1(column.box));
@@ -147,9 +166,13 @@ void RecordScreen::takeAmounts(TextBox& box) {
   });
 }
 
-void RecordScreen::tidyAmounts() {
+// What was typed short is stored and sought in full, also when the box was never left.
+void RecordScreen::tidyBoxes() {
   for (TextBox* box : amounts_)
     box->text = plainAmount(box->text);
+  for (Control* control : controls())
+    if (auto* box = dynamic_cast<TextBox*>(control))
+      box->tidyDate();
 }
 
 // The list was given another filter or order: the same record stays in sight where it is still among them.

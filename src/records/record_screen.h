@@ -121,11 +121,13 @@ class RecordScreen : public Screen {
   Label Label28{*this, "Label28"};
   ControlArray<TextBox> Text1{*this, "Text1"};
 
+  static constexpr int kParcelKeyBoxes[] = {2, 3, 4};  ///< section, block and lot: what no parcel is without
   static constexpr std::size_t kRecordPage = 0, kListPage = 1,
                                kAttachmentPage = 2;  ///< further ones are the kind's own
 
  private:
   void bindButtons();
+  void nameKeys();
   void bindAttachments();
   void bindList();
   bool openRecords();
@@ -154,7 +156,7 @@ class RecordScreen : public Screen {
   bool refuseDuplicate();
   bool askAboutParcel();
   std::string parcelKey() const;
-  void tidyAmounts();
+  void tidyBoxes();
   bool renumbering() const;
   Result<void> store();
   Result<void> storeParcel();
@@ -179,9 +181,10 @@ class RecordScreen : public Screen {
   ScreenValues asRead_;    ///< what the page showed when the edit began
   bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
-  std::string proposed_;       ///< the key that INew put on the screen
-  std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record
-  std::string numberTrouble_;  ///< why the next number could not be written, of the last add
+  std::vector<Control*> required_;  ///< what must be filled, except by who looks for something
+  std::string proposed_;            ///< the key that INew put on the screen
+  std::string newParcel_;           ///< key of a parcel that the user agreed to register with this record
+  std::string numberTrouble_;       ///< why the next number could not be written, of the last add
 };
 
 }  // namespace zelvo

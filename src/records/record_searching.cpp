@@ -30,7 +30,7 @@ void RecordScreen::beginSearch() {
 
 void RecordScreen::find() {
   copyPicksIntoBoxes();
-  tidyAmounts();
+  tidyBoxes();
   const auto own = ownSearchClauses();
   if (!own)
     return;

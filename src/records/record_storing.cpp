@@ -13,7 +13,7 @@ namespace zelvo {
 
 bool RecordScreen::validate(bool adding) {
   copyPicksIntoBoxes();
-  tidyAmounts();
+  tidyBoxes();
   return requireFilled() && validateOwn() && (!adding || refuseDuplicate()) && askAboutParcel();
 }
 
@@ -28,7 +28,7 @@ bool RecordScreen::requireFilled() {
   for (const RequiredBox& required : kind_.required)
     if (boxText(*this, required.box).empty())
       note(required.label, required.box);
-  for (int part : {2, 3, 4})
+  for (int part : kParcelKeyBoxes)
     if (boxText(*this, part).empty()) {
       note("--S-B-L", part);
       break;
@@ -38,6 +38,7 @@ bool RecordScreen::requireFilled() {
   desk.messages.tell(" Missing Information",
                      "Missing: " + missing + "\nPlease ensure required\nfields are filled in correctly.",
                      Icon::Critical);
+  SSTab1.current = kRecordPage;
   setFocus(*first);
   return false;
 }

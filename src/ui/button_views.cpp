@@ -16,6 +16,7 @@
 
 #include "base/files.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "ui/control_view.h"
 #include "ui/qt_text.h"
 #include "ui/style.h"
@@ -154,6 +155,11 @@ class BarView : public ControlView {
   QProgressBar* widget_;
 };
 
+// Keys as they stand on the keyboard.
+std::string keyNames(std::string_view keys) {
+  return replaceAll(replaceAll(keys, "PgUp", "Page Up"), "PgDown", "Page Down");
+}
+
 class ButtonView : public ControlView {
  public:
   ButtonView(Button& button, UserActions& actions, QAbstractButton* widget, std::string_view keys)
@@ -173,6 +179,17 @@ class ButtonView : public ControlView {
     auto* push = qobject_cast<QPushButton*>(widget_);
     if (push && push->isDefault() != button_.isDefault)
       push->setDefault(button_.isDefault);
+  }
+  // A button tells the keys that press it beside its access key.
+  std::string tip() const override {
+    std::vector<std::string> keys;
+    for (const std::string& each : {keyNames(button_.shortcut), keyNames(keys_.toString().toStdString())})
+      if (!each.empty())
+        keys.push_back(each);
+    if (keys.empty())
+      return button_.tip;
+    const std::string what = button_.tip.empty() ? replaceAll(button_.caption, "&", "") : button_.tip;
+    return what + " (" + join(keys, ", ") + ")";
   }
 
  private:
@@ -202,7 +219,7 @@ class CheckView : public ControlView {
     if (locked_ == box_.locked)
       return;
     locked_ = box_.locked;
-    showFlat(widget_, locked_);
+    showGround(widget_, locked_ ? Ground::Flat : Ground::Paper);
   }
 
  private:

@@ -7,11 +7,9 @@
 #include <QTabWidget>
 #include <QWheelEvent>
 
-#include "base/date.h"
 #include "base/text.h"
 #include "ui/control_view.h"
-#include "ui/date_box.h"
-#include "ui/entry_view.h"
+#include "ui/style.h"
 
 namespace zelvo {
 
@@ -49,7 +47,6 @@ class ChoiceBox : public QComboBox {
     locked_ = locked;
     if (lineEdit())
       lineEdit()->setReadOnly(locked);
-    showFlat(this, locked);
   }
   bool isLocked() const { return locked_; }
 
@@ -112,6 +109,8 @@ class ComboView : public ControlView {
   void showValue() override {
     if (widget_->isLocked() != combo_.locked)
       widget_->setLocked(combo_.locked);
+    if (const Ground ground = groundOf(combo_); ground_ != ground)
+      showGround(widget_, ground_ = ground);
     if (items_ != combo_.items)
       showItems();
     if (shown_ == combo_.text)
@@ -144,70 +143,9 @@ class ComboView : public ControlView {
 
   Combo& combo_;
   ChoiceBox* widget_;
+  Ground ground_ = Ground::Paper;
   std::vector<std::string> items_;
   std::string shown_;
-};
-
-class DateView : public EntryView<DateBox> {
- public:
-  DateView(DatePicker& picker, UserActions& actions, QWidget* parent)
-      : EntryView(picker, actions, new DateBox(parent)), picker_(picker) {
-    QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& text) { typed(text); });
-    widget_->picked = [this](const QString& day) {
-      widget_->setText(day);
-      typed(day);
-    };
-  }
-  std::string unreadable() const override {
-    return readable_
-               ? std::string()
-               : "\"" + widget_->text().toStdString() + "\" is no date. Write it as mm/dd/yyyy, or empty the box.";
-  }
-
- protected:
-  // What the user is typing stays as typed while it can be read as what the control holds. What cannot be read goes
-  // when the typing is over.
-  void showValue() override {
-    const bool givenUp = !readable_ && picker_.locked;
-    if (shown_ != picker_.date || givenUp)
-      setReadable(true);
-    showLocked();
-    if (shown_ == picker_.date && !givenUp)
-      return;
-    shown_ = picker_.date;
-    const std::string text = picker_.shown();
-    if (givenUp || parseDate(widget_->text().toStdString()) != shown_ || !widget_->hasFocus())
-      widget_->setText(QString::fromStdString(text));
-  }
-
-  void left() override {
-    if (!readable_)
-      user.complains(unreadable());
-    else
-      widget_->setText(QString::fromStdString(picker_.shown()));
-    ControlView::left();
-  }
-
- private:
-  void typed(const QString& text) {
-    const std::string value = text.toStdString();
-    const auto date = parseDate(value);
-    setReadable(date || trim(value).empty());
-    if (!readable_)
-      return;
-    shown_ = date;
-    user.sets(control_, value);
-  }
-
-  void setReadable(bool readable) {
-    if (readable_ != readable)
-      widget_->showUnreadable(!readable);
-    readable_ = readable;
-  }
-
-  DatePicker& picker_;
-  std::optional<Date> shown_;
-  bool readable_ = true;
 };
 
 // The wheel does not turn the pages. An access key leads into its page, even when that is the present one.
@@ -281,10 +219,6 @@ class TabsView : public ControlView {
 
 std::unique_ptr<ControlView> makeComboView(Combo& combo, UserActions& user, QWidget* parent) {
   return std::make_unique<ComboView>(combo, user, parent);
-}
-
-std::unique_ptr<ControlView> makeDateView(DatePicker& picker, UserActions& user, QWidget* parent) {
-  return std::make_unique<DateView>(picker, user, parent);
 }
 
 std::unique_ptr<ControlView> makeTabsView(Tabs& tabs, UserActions& user, QWidget* parent) {

@@ -41,9 +41,9 @@ void ControlView::refresh() {
     shown->setEnabled(control_.enabled);
   if (shown->isHidden() == control_.visible)
     shown->setVisible(control_.visible);
-  if (shownTip_ != control_.tip) {
-    shownTip_ = control_.tip;
-    shown->setToolTip(QString::fromStdString(control_.tip));
+  if (const std::string said = tip(); shownTip_ != said) {
+    shownTip_ = said;
+    shown->setToolTip(QString::fromStdString(said));
   }
   refreshCaption();
 }

@@ -40,6 +40,8 @@ class ControlView {
 
  protected:
   virtual void showValue() = 0;
+  /// What the pointer says over it.
+  virtual std::string tip() const { return control_.tip; }
   /// Told when the focus leaves the widget.
   virtual void left();
   /// Watches the focus of a widget of this view.
@@ -65,6 +67,7 @@ std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, Q
 std::unique_ptr<ControlView> makeTextView(TextBox& box, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeComboView(Combo& combo, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeDateView(DatePicker& picker, UserActions& user, QWidget* parent);
+std::unique_ptr<ControlView> makeDateTextView(TextBox& box, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeListView(ListView& list, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeTabsView(Tabs& tabs, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeSheetView(SheetPicture& sheet, UserActions& user, QWidget* parent);

@@ -8,7 +8,6 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
-#include "base/date.h"
 #include "ui/glyph.h"
 #include "ui/style.h"
 
@@ -17,6 +16,7 @@
 namespace zelvo {
 
 DateBox::DateBox(QWidget* parent) : QLineEdit(parent) {
+  setToolTip(QStringLiteral("mm/dd/yyyy, or short: 3/9, 030926, t for today, +7 for a week from today"));
   setPlaceholderText(QStringLiteral("mm/dd/yyyy"));
   open_ = addAction(glyphIcon(Glyph::Calendar), QLineEdit::TrailingPosition);
   open_->setToolTip(QStringLiteral("Calendar (F4)"));
@@ -45,8 +45,9 @@ void DateBox::openCalendar() {
     return;
   if (!popup_)
     makeCalendar();
-  const auto typed = parseDate(text().toStdString());
-  calendar_->setSelectedDate(typed ? QDate(typed->year, typed->month, typed->day) : QDate::currentDate());
+  const Date now = today();
+  const Date shown = typedDate(text().toStdString(), now).value_or(now);
+  calendar_->setSelectedDate(QDate(shown.year, shown.month, shown.day));
   popup_->adjustSize();
   const QRect room = screen()->availableGeometry();
   QPoint corner = mapToGlobal(QPoint(0, height()));

@@ -3,6 +3,8 @@
 #include <QLineEdit>
 #include <functional>
 
+#include "base/date.h"
+
 class QAction;
 class QCalendarWidget;
 class QFrame;
@@ -15,6 +17,8 @@ class DateBox : public QLineEdit {
  public:
   explicit DateBox(QWidget* parent);
 
+  /// The day that it is; to be set before the calendar opens.
+  std::function<Date()> today;
   /// A day was picked in the calendar; as mm/dd/yyyy.
   std::function<void(const QString&)> picked;
   void openCalendar();

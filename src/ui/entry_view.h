@@ -21,13 +21,16 @@ class EntryView : public ControlView {
 
  protected:
   void showLocked() {
-    if (widget_->isReadOnly() == control_.locked)
-      return;
-    widget_->setReadOnly(control_.locked);
-    showFlat(widget_, control_.locked);
+    if (widget_->isReadOnly() != control_.locked)
+      widget_->setReadOnly(control_.locked);
+    if (const Ground ground = groundOf(control_); ground_ != ground)
+      showGround(widget_, ground_ = ground);
   }
 
   Box* widget_;
+
+ private:
+  Ground ground_ = Ground::Paper;
 };
 
 }  // namespace zelvo

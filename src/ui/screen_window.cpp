@@ -8,9 +8,12 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
+
+#include "ui/screen_keys.h"
 
 namespace zelvo {
 
@@ -26,6 +29,7 @@ ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
   for (const Control* control : screen.controls())
     hasStatusLine_ = hasStatusLine_ || control->kind() == ControlKind::Tabs || control->kind() == ControlKind::Menu;
   statusBar()->setVisible(hasStatusLine_);
+  new ScreenKeys(*this);
   refresh();
 }
 
@@ -82,6 +86,7 @@ void ScreenWindow::moveFocus() {
   if (!screen_->focus)
     return;
   ControlView* view = form_.find(*std::exchange(screen_->focus, nullptr));
+  ledFocus_ = true;
   if (view)
     view->takeFocus(std::exchange(screen_->selectAll, false));
 }
@@ -186,6 +191,7 @@ bool ScreenWindow::holdsUnreadable() {
     if (why.empty())
       continue;
     complains(why);
+    ledFocus_ = true;
     view->takeFocus(true);
     return true;
   }
@@ -271,6 +277,38 @@ Button* ScreenWindow::buttonFor(int key) const {
       return button;
   }
   return nullptr;
+}
+
+namespace {
+
+bool standsOnPage(const QWidget* widget) {
+  while (widget && !qobject_cast<const QTabWidget*>(widget))
+    widget = widget->parentWidget();
+  return widget;
+}
+
+}  // namespace
+
+Button* ScreenWindow::buttonWithShortcut(const QKeySequence& keys) const {
+  Button* found = nullptr;
+  for (const auto& view : form_.views) {
+    auto* button = screen_ ? dynamic_cast<Button*>(&view->control()) : nullptr;
+    if (!button || button->shortcut.empty() || !button->enabled || !button->visible ||
+        !view->widget()->isVisibleTo(this) || QKeySequence(QString::fromStdString(button->shortcut)) != keys)
+      continue;
+    if (!found || standsOnPage(view->widget()))
+      found = button;
+  }
+  return found;
+}
+
+void ScreenWindow::pressByKey(Button& button) {
+  const QPointer<ScreenWindow> self(this);
+  const QPointer<QWidget> held = focusWidget();
+  ledFocus_ = false;
+  clicks(button);
+  if (self && screen_ && !ledFocus_ && held && held->isEnabled() && held->isVisibleTo(this))
+    held->setFocus(Qt::OtherFocusReason);
 }
 
 void ScreenWindow::changeEvent(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
@@ -39,6 +40,13 @@ class ScreenWindow : public QMainWindow, private UserActions {
   /// The screen is closed: lets go of it and goes away.
   void detach();
 
+  /// The button that these keys press now; null when there is none. Of two that could be, the one on the page in front.
+  Button* buttonWithShortcut(const QKeySequence& keys) const;
+  /// As a click on it, but the focus stays where it was unless the screen leads it elsewhere.
+  void pressByKey(Button& button);
+  /// Whether Enter presses a button, wherever the focus is.
+  bool waitsForEnter() const { return screen_ && buttonFor(Qt::Key_Return); }
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -73,6 +81,7 @@ class ScreenWindow : public QMainWindow, private UserActions {
   Control* left_ = nullptr;          // whose leaving is still to be told
   std::string shownCaption_, shownStatus_;
   bool hasStatusLine_ = false;  // small windows show theirs only when it says something
+  bool ledFocus_ = false;       // since the last key: the screen said where the focus goes
   std::string complaint_;       // stands at the foot until the user does something else
 };
 

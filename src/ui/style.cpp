@@ -10,6 +10,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+#include "base/text.h"
+
 namespace zelvo {
 
 namespace {
@@ -58,11 +60,20 @@ QColor warningColour(const QPalette& palette) {
   return isDark(palette) ? QColor(255, 138, 128) : QColor(176, 24, 24);
 }
 
-void showFlat(QWidget* widget, bool flat) {
+void showGround(QWidget* widget, Ground ground) {
+  const QPalette usual = QApplication::palette();
   QPalette colours;
-  if (flat)
-    colours.setBrush(QPalette::Base, QApplication::palette().brush(QPalette::Window));
+  if (ground == Ground::Flat)
+    colours.setBrush(QPalette::Base, usual.brush(QPalette::Window));
+  if (ground == Ground::Wanted)
+    colours.setColor(QPalette::Base, isDark(usual) ? QColor(74, 60, 26) : QColor(255, 241, 200));
   widget->setPalette(colours);
+}
+
+Ground groundOf(const Control& control) {
+  if (control.locked)
+    return Ground::Flat;
+  return control.required && trim(control.shown()).empty() ? Ground::Wanted : Ground::Paper;
 }
 
 int charactersWide(int characters) {

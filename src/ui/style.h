@@ -1,5 +1,7 @@
 #pragma once
 
+#include "form/control.h"
+
 class QApplication;
 class QColor;
 class QPalette;
@@ -13,8 +15,12 @@ void applyHouseStyle(QApplication& app);
 /// Red that can be read on a window of these colours.
 QColor warningColour(const QPalette& palette);
 bool isDark(const QPalette& palette);
-/// A box that only shows what is stored lies flat on the window instead of looking like paper to write on.
-void showFlat(QWidget* widget, bool flat);
+/// What a box looks like: paper to write on, flat on the window while it only shows what is stored, or tinted while it
+/// is empty and must be filled.
+enum class Ground { Paper, Flat, Wanted };
+void showGround(QWidget* widget, Ground ground);
+/// The ground of the box of a control as it is now.
+Ground groundOf(const Control& control);
 
 /// The width of so many characters in the font of the windows, in pixels.
 int charactersWide(int characters);

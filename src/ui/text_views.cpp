@@ -105,6 +105,8 @@ class AreaView : public EntryView<QPlainTextEdit> {
 std::unique_ptr<ControlView> makeTextView(TextBox& box, UserActions& user, QWidget* parent) {
   if (box.manyLines)
     return std::make_unique<AreaView>(box, user, parent);
+  if (box.holdsDate)
+    return makeDateTextView(box, user, parent);
   return std::make_unique<LineView>(box, user, parent);
 }
 

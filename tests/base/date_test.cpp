@@ -83,6 +83,45 @@ TEST(ParseDateTime, ReadsATimeBehindTheDay) {
     EXPECT_EQ(shown(parseDateTime(row.text)), row.moment) << row.text;
 }
 
+TEST(TypedDate, TakesWhatFastHandsType) {
+  const Date today{2024, 2, 27};
+  struct Row {
+    std::string_view text;
+    std::string_view date;
+  };
+  const Row rows[] = {{"2/29", "02/29/2024"},
+                      {" 3-9 ", "03/09/2024"},
+                      {"3/9/25", "03/09/2025"},
+                      {"3/9/2025", "03/09/2025"},
+                      {"030925", "03/09/2025"},
+                      {"03091999", "03/09/1999"},
+                      {"T", "02/27/2024"},
+                      {"+7", "03/05/2024"},
+                      {"-3", "02/24/2024"},
+                      {"+0", "02/27/2024"},
+                      {"+99999", "12/11/2297"},
+                      {"March 9, 2025", "03/09/2025"},
+                      {"2/30", "none"},
+                      {"13/1", "none"},
+                      {"3/", "none"},
+                      {"3/9/", "none"},
+                      {"3/9/125", "none"},
+                      {"023024", "none"},
+                      {"30925", "none"},
+                      {"3092025", "none"},
+                      {"+", "none"},
+                      {"+7 days", "none"},
+                      {"+-7", "none"},
+                      {"+100000", "none"},
+                      {"tt", "none"},
+                      {"today", "none"},
+                      {"", "none"}};
+  for (const Row& row : rows) {
+    const auto date = typedDate(row.text, today);
+    EXPECT_EQ(date ? datePicture(*date, "mm/dd/yyyy") : "none", row.date) << row.text;
+  }
+}
+
 TEST(ParseIso, ReadsWhatTheStoreHolds) {
   for (const auto* text : {"2008-09-12", "0100-01-01 00:00:01", "9999-12-31 23:59:59"})
     EXPECT_EQ(shown(parseIso(text)), text);

@@ -130,7 +130,8 @@ TEST(Console, StopsAtACommandThatCannotBeCarriedOut) {
       {"a check box without a value", "set Check1", "Check1 cannot take \"\": it is ticked with 1 and cleared with 0."},
       {"two lines in a box of one", "set Text1(18) a\\nb", "Text1(18) cannot take \"a\\nb\": it holds one line."},
       {"no day of the calendar", "set DTFiled 2/30/2026",
-       "DTFiled cannot take \"2/30/2026\": a date is written mm/dd/yyyy."},
+       "DTFiled cannot take \"2/30/2026\": a date is written mm/dd/yyyy, or 3/9, 030926, t for "
+       "today, +7 or -3."},
       {"not in the list of the combo", "set Combo1 Barn", "Combo1 cannot take \"Barn\": it is not in its list."},
       {"no such row", "choose ListView1 3", "ListView1 has no row \"3\""},
       {"no row given", "choose ListView1", "the row to choose is missing"},

@@ -16,6 +16,7 @@ class Counter : public Screen {
     onClick(Entry, [this] { ++clicks; });
     onLeave(Amount, [this] { left = Amount.text; });
     onChoose(Rows, [this] { chosen = *Rows.selected; });
+    Due.holdsDate = true;
     Kind.items = {"Dwelling", "Garage"};
     Kind.freeText = false;
     Rows.columns = {{"Key"}, {"Name"}};
@@ -25,6 +26,7 @@ class Counter : public Screen {
   }
 
   TextBox Amount{*this, "Amount"};
+  TextBox Due{*this, "Due"};
   ControlArray<TextBox> Text1{*this, "Text1", {2, 3}};
   Button Go{*this, "Go", "&Go"};
   Button Fail{*this, "Fail", "&Fail"};
@@ -53,6 +55,23 @@ class ScreenTest : public ::testing::Test {
   ScriptedDesk at;
   Counter* screen = nullptr;
 };
+
+TEST_F(ScreenTest, ADateTypedShortStandsInFullOnceItsBoxIsLeft) {
+  at.set(*screen, "Due", "+7");
+  EXPECT_EQ(screen->Due.text, "+7") << "not while it is typed";
+  at.leave(*screen, "Due");
+  EXPECT_EQ(screen->Due.text, "03/16/2026");
+  at.set(*screen, "Due", "soon");
+  at.leave(*screen, "Due");
+  EXPECT_EQ(screen->Due.text, "soon") << "what cannot be read stays as it was typed";
+  EXPECT_EQ(screen->status.substr(0, 18), "\"soon\" is no date:");
+  at.set(*screen, "Due", "");
+  at.leave(*screen, "Due");
+  EXPECT_EQ(screen->Due.text, "");
+  EXPECT_EQ(screen->status, "");
+  at.set(*screen, "Day", "t");
+  EXPECT_EQ(screen->Day.date, (Date{2026, 3, 9}));
+}
 
 TEST_F(ScreenTest, EveryControlTakesWhatItCanAndRefusesTheRest) {
   struct Row {

@@ -16,7 +16,8 @@ class LayoutTest : public WindowTest {
             field("DTPicker1"), field("Check3"),
             field("Text2"),     field("ListView1"),
             foot("ask"),        foot("done"),
-            foot("cmdOK"),      foot("Quit")};
+            foot("cmdOK"),      foot("Quit"),
+            foot("next")};
   }
 };
 

@@ -37,6 +37,9 @@ class SampleScreen : public Screen {
       done.enabled = false;
     });
     onClick(cmdOK, [this] { heard("ok " + Text1(18).text); });
+    done.shortcut = "Ctrl+S";
+    next.shortcut = "PgDown";
+    onClick(next, [this] { heard("next"); });
     onClick(Quit, [this] { closeMe(); });
     onClick(ask,
             [this] { heard(desk.messages.confirm(" Record Void", "Void it?", Icon::Exclamation) ? "yes" : "no"); });
@@ -62,6 +65,7 @@ class SampleScreen : public Screen {
   Button done{*this, "done", "Do&ne"};
   Button cmdOK{*this, "cmdOK", "OK"};
   Button Quit{*this, "Quit", "&Quit"};
+  Button next{*this, "next", ">"};
 
  private:
   static std::string trimmedUpper(std::string text) {

@@ -143,6 +143,11 @@ TEST_F(WindowTest, ADateBoxMayBeEmptyAndTakesNoNonsense) {
   EXPECT_EQ(screen->DTPicker1.date, (Date{2025, 2, 28}));
   key(Qt::Key_Tab);
   EXPECT_EQ(the<QLineEdit>("DTPicker1")->text(), "02/28/2025") << "shown in full when it is left";
+  the<QLineEdit>("DTPicker1")->selectAll();
+  type("DTPicker1", "030926");
+  EXPECT_EQ(the<QLineEdit>("DTPicker1")->text(), "030926") << "not while it is typed";
+  key(Qt::Key_Tab);
+  EXPECT_EQ(the<QLineEdit>("DTPicker1")->text(), "03/09/2026");
 
   the<QLineEdit>("DTPicker1")->selectAll();
   type("DTPicker1", "13/45/2025");

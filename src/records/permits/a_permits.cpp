@@ -31,10 +31,7 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
   DTPicker2.visible = false;
   for (int pick : {32, 33, 39})
     Text1(pick).visible = false;
-  for (const RequiredBox& needed : kPermitRequired)
-    Text1(needed.box).required = true;
-  for (int part : {2, 3, 4})
-    Text1(part).required = true;
+  Text1(kExpirationBox).holdsDate = Text1(kSecondDateBox).holdsDate = true;
   Text4.maxLength = 14;
   Text5.maxLength = 15;
   labexpexpired.warning = true;
