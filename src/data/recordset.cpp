@@ -3,6 +3,7 @@
 #include "data/recordset.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "data/recordset_inside.h"
 
@@ -205,6 +206,19 @@ Value Recordset::cell(std::size_t position, std::size_t column) const {
     return {};
   const Row& row = in.pages.row(in.keys, position);
   return column < row.size() ? row[column] : Value();
+}
+
+// Rows get rising ids as they are added.
+std::vector<Row> Recordset::newest(std::size_t count) const {
+  Inside& in = *inside_;
+  in.settle();
+  std::vector<RowId> ids(std::min(count, in.keys.size()));
+  std::partial_sort_copy(in.keys.begin(), in.keys.end(), ids.begin(), ids.end(), std::greater<>());
+  auto read = in.engine().rows(in.table, ids);
+  if (!read)
+    throw StoreError(read.error());
+  std::erase_if(*read, [](const Row& row) { return row.empty(); });
+  return std::move(*read);
 }
 
 std::string Recordset::shownCell(std::size_t position, std::size_t column) const {

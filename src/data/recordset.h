@@ -63,6 +63,9 @@ class Recordset {
   /// cannot be read shows as an empty text, and is not asked again for a moment. Never throws StoreError.
   std::string shownCell(std::size_t position, std::size_t column) const;
 
+  /// So many of the rows that were added last, the newest first, without moving; fewer when there are no more.
+  std::vector<std::vector<Value>> newest(std::size_t count) const;
+
   /// Starts an empty row. It is stored by Update, or dropped by CancelUpdate or any move.
   void AddNew();
   /// Changes the current row, or the one begun by AddNew. Values fit the column: texts are cut to its length, a text

@@ -101,6 +101,7 @@ class TextBox : public Control {
   std::string text;
   bool manyLines = false;
   bool password = false;
+  bool suggests = false;   ///< offers what was typed into it before (Screen::offersFor)
   bool holdsDate = false;  ///< a date that may be typed short; it stands in full once the box is left
   int maxLength = 0;  ///< most characters that a user types; 0 without a limit. What is longer is cut when it is stored
 
@@ -216,6 +217,8 @@ class ListView : public Control {
   std::optional<std::size_t> selected;  ///< from 0; a face keeps it in sight
   bool sortable = false;                ///< a click on a column's head is something that the screen hears of
   std::optional<std::size_t> sortedBy;  ///< the column that the rows are in the order of
+  /// The column whose order the rows have while the user sorted them by none; nothing when no column shown has it.
+  std::optional<std::size_t> naturalOrder = 0;
   bool descending = false;
   std::uint64_t revision = 0;
 };

@@ -133,6 +133,22 @@ Result<void> Screen::userSorts(ListView& list, std::size_t column) {
   return {};
 }
 
+void Screen::userRests(Control& control) {
+  if (refuseUnreachable(control))
+    run(control, Event::Rest);
+}
+
+// A store that cannot be read now offers nothing: the clerk goes on typing, and hears of it when it matters.
+std::vector<std::string> Screen::offersFor(const TextBox& box) try {
+  return box.suggests && !box.locked && !box.text.empty() ? typedBefore(box) : std::vector<std::string>();
+} catch (const std::exception&) {
+  return {};
+}
+
+std::vector<std::string> Screen::typedBefore(const TextBox&) {
+  return {};
+}
+
 void Screen::userCloses() {
   if (desk.screens.reachable(*this))
     guarded([this] { Form_Close(); });
@@ -154,6 +170,10 @@ void Screen::onEdit(Control& control, Handler handler) {
 
 void Screen::onLeave(Control& control, Handler handler) {
   handlers_[{&control, Event::Leave}] = std::move(handler);
+}
+
+void Screen::onRest(Control& control, Handler handler) {
+  handlers_[{&control, Event::Rest}] = std::move(handler);
 }
 
 void Screen::onChoose(ListView& list, Handler handler) {

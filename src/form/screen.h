@@ -38,7 +38,12 @@ class Screen {
   Result<void> userChooses(ListView& list, std::size_t row);
   Result<void> userOpensRow(ListView& list, std::size_t row);  ///< double click, or Enter
   Result<void> userSorts(ListView& list, std::size_t column);  ///< by the head of a column, from 0
-  void userCloses();                                           ///< by the window's own button
+  /// Typing rests for a moment. Faces with a keyboard tell it; a screen must not rely on it.
+  void userRests(Control& control);
+  /// What was typed into a box before and begins like what stands in it, the most usual first; nothing for a box that
+  /// suggests nothing. Never takes longer than typing bears.
+  std::vector<std::string> offersFor(const TextBox& box);
+  void userCloses();  ///< by the window's own button
   /// An entry of the menu over the text boxes ("mcopy"), for this box; without one, for the box that was last changed
   /// or left.
   Result<void> userPicksFromTextMenu(std::string_view entry, TextBox* box = nullptr);
@@ -60,6 +65,7 @@ class Screen {
   void onClick(Control& control, Handler handler);
   void onEdit(Control& control, Handler handler);
   void onLeave(Control& control, Handler handler);
+  void onRest(Control& control, Handler handler);
   void onChoose(ListView& list, Handler handler);
   void onOpenRow(ListView& list, Handler handler);
   /// The list already says which column it is to be sorted by; asked for the same one again, the other way round.
@@ -69,6 +75,8 @@ class Screen {
   virtual void Form_Activate(bool first);
   /// The user closes the window; a screen that has something to ask first overrides this.
   virtual void Form_Close();
+  /// For boxes that suggest something.
+  virtual std::vector<std::string> typedBefore(const TextBox& box);
   void setFocus(Control& control, bool all = false);
   /// Shows a line at the foot of the window at once, even while the handler still runs.
   void showStatus(std::string_view text);
@@ -78,7 +86,7 @@ class Screen {
 
  private:
   friend class Control;
-  enum class Event { Click, Edit, Leave, Choose, OpenRow, Sort };
+  enum class Event { Click, Edit, Leave, Rest, Choose, OpenRow, Sort };
   void add(Control& control) { controls_.push_back(&control); }
   Result<void> refuseUnreachable(const Control& control) const;
   void noteBox(Control& control);

@@ -18,20 +18,32 @@ ListPage::ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQue
       kind_(kind),
       query_(query) {
   ListView1.sortable = true;
-  txtFilter.tip = "Only records that hold this in one of the shown columns; press Enter to see them";
+  txtFilter.tip =
+      "Only records that hold this in one of the shown columns; the list follows as you type, or at Enter where there "
+      "are many";
 }
 
 void ListPage::show(std::shared_ptr<Recordset> records) {
   records_ = std::move(records);
   if (columns_.empty())
     columns_ = rememberedColumns(desk_.session, kind_, records_->table());
+  if (arranged_.empty() || arranged_.starts_with('\n'))
+    unfiltered_ = records_->RecordCount();
   showColumns();
+}
+
+bool ListPage::filtersAtOnce() const {
+  constexpr std::size_t kFew = 60'000;
+  return unfiltered_ <= kFew;
 }
 
 void ListPage::showColumns() {
   ListView1.columns.clear();
   for (const ShownColumn& shown : columns_)
     ListView1.columns.push_back({shown.caption, shown.width, false});
+  const auto browsed = std::ranges::find(columns_, records_->table().browseOrder, &ShownColumn::column);
+  ListView1.naturalOrder =
+      browsed == columns_.end() ? std::nullopt : std::optional(static_cast<std::size_t>(browsed - columns_.begin()));
   ListView1.rows = std::make_shared<RecordRows>(records_, columns_);
   ListView1.rowsChanged();
 }

@@ -22,6 +22,8 @@ class ListPage {
   void enable(bool browsing);
   /// Puts filter and order into the query. False when nothing changed.
   bool arrange();
+  /// Whether there are so few records that a filter may follow each letter.
+  bool filtersAtOnce() const;
   /// Something else was asked for: filter and order of the list go.
   void forgetArrangement();
   void chooseColumns();
@@ -44,7 +46,8 @@ class ListPage {
   RecordQuery& query_;
   std::shared_ptr<Recordset> records_;
   std::vector<ShownColumn> columns_;
-  std::string arranged_;  ///< filter and order that the query has now
+  std::size_t unfiltered_ = 0;  ///< records, without the list's own filter
+  std::string arranged_;        ///< filter and order that the query has now
 };
 
 }  // namespace zelvo

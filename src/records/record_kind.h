@@ -21,6 +21,11 @@ struct RequiredBox {
   std::string_view label;  ///< "--Owner"
 };
 
+/// The boxes that say of a record what its parcel says of itself; 0 for none.
+struct ParcelBoxes {
+  int owner = 0, address = 0, location = 0;
+};
+
 /// Where a kind of record takes its numbers from.
 struct NumberingRule {
   std::string_view sequenceColumn;  ///< "BLDGPRM"
@@ -42,6 +47,7 @@ struct RecordKind {
   NumberingRule numbering;
   std::span<const ListField> list;
   std::span<const RequiredBox> required;
+  ParcelBoxes ofParcel = {};
 };
 
 }  // namespace zelvo

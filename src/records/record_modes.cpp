@@ -9,6 +9,8 @@ namespace zelvo {
 void RecordScreen::enter(Mode mode) {
   mode_ = mode;
   newParcel_.clear();
+  offer_.forget();
+  readBefore_ = readBefore_ || query_.showsWholeTable();
   showSearchControls(mode == Mode::Search);
   ILocate.caption = mode == Mode::Search ? "Find" : "&Locate";
   ILocate.isDefault = mode == Mode::Search;
@@ -112,7 +114,7 @@ void RecordScreen::readAgain() {
 // ---- leaving
 
 bool RecordScreen::mayLeaveUnsaved() {
-  return mode_ == Mode::Browse ||
+  return mode_ == Mode::Browse || mode_ == Mode::Search ||
          desk.messages.confirm(" " + caption,
                                "This " + std::string(kind_.noun) +
                                    " has not been stored yet.\nDo you want to leave it and lose what you typed?",

@@ -14,6 +14,7 @@ RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
       kind_(kind),
       parcels_(parcels),
       numbering_(itsDesk.session, kind.numbering),
+      offer_(*this, kind.ofParcel),
       query_(itsDesk.session, kind),
       list_(*this, itsDesk, kind, query_),
       attachments_(*this, itsDesk, kind.code) {
@@ -68,6 +69,7 @@ void RecordScreen::bindList() {
   onOpenRow(list_.ListView1, [this] { SSTab1.current = kRecordPage; });
   onSort(list_.ListView1, [this] { arrangeList(); });
   onLeave(list_.txtFilter, [this] { arrangeList(); });
+  onRest(list_.txtFilter, [this] { filterWhileTyping(); });
   onClick(list_.cmdColumns, [this] { list_.chooseColumns(); });
 }
 
@@ -87,7 +89,7 @@ void RecordScreen::bindAttachments() {
 void RecordScreen::Form_Activate(bool first) {
   if (first && !openRecords())
     return closeMe();
-  if (!desk.session.hop.empty() && mode_ == Mode::Browse)
+  if (!desk.session.hop.empty())
     followHop();
 }
 
@@ -145,6 +147,8 @@ void RecordScreen::readRecordsOrThrow() {
 void RecordScreen::prepareBoxes() {
   const Table& table = records().table();
   limitBoxes(table, *this);
+  prepareSuggestions();
+  prepareParcelOffer();
   for (const RequiredBox& needed : kind_.required)
     Text1(needed.box).required = true;
   for (int part : kParcelKeyBoxes)
@@ -180,14 +184,29 @@ void RecordScreen::arrangeList() {
   const auto shownNow = records().bookmark();
   if (!list_.arrange())
     return;
+  desk.face.busy(true);
+  arrangeRecords();
+  desk.face.busy(false);
+  records().goTo(shownNow);
+  refreshRecord();
+}
+
+void RecordScreen::arrangeRecords() {
   if (const auto read = readRecords(); !read) {
     list_.forgetArrangement();
     query_.showWholeTable();
     readRecordsOrThrow();
     desk.messages.tell(" " + caption, read.error().message, Icon::Exclamation);
   }
-  records().goTo(shownNow);
-  refreshRecord();
+}
+
+// Letter by letter where that takes no time worth speaking of; a large table is looked through once it is clear what
+// for, since nobody wants to wait between two letters.
+void RecordScreen::filterWhileTyping() {
+  if (list_.filtersAtOnce())
+    arrangeList();
+  else
+    showStatus("Press Enter to look through the records.");
 }
 
 // ---- browsing

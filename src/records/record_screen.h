@@ -13,8 +13,10 @@
 #include "records/field_copy.h"
 #include "records/list_page.h"
 #include "records/numbering.h"
+#include "records/parcel_offer.h"
 #include "records/record_kind.h"
 #include "records/record_query.h"
+#include "records/typed_before.h"
 
 namespace zelvo {
 
@@ -84,6 +86,7 @@ class RecordScreen : public Screen {
 
   void Form_Activate(bool first) override;
   void Form_Close() override;
+  std::vector<std::string> typedBefore(const TextBox& box) override;
 
   Recordset& records() const { return *datPrimaryRS_; }
   Mode mode() const { return mode_; }
@@ -97,6 +100,8 @@ class RecordScreen : public Screen {
   void refreshRecord();
   /// The box takes amounts: "$12,500" becomes the number that the store reads, when the clerk leaves it or stores.
   void takeAmounts(TextBox& box);
+  /// Fills the boxes that ask for what a parcel says of itself, where nothing is typed yet.
+  void fillFromParcel(const ParcelFacts& facts) { offer_.fill(facts); }
 
   Tabs SSTab1;
   Button INew{*this, "INew", "&New"};
@@ -137,9 +142,14 @@ class RecordScreen : public Screen {
   void readAgain();
   bool mayChangeVoid(bool voided);
   void prepareBoxes();
+  void prepareSuggestions();
+  void prepareParcelOffer();
+  void offerParcel();
   void followHop();
   void showHopped(std::string_view wanted);
   void arrangeList();
+  void arrangeRecords();
+  void filterWhileTyping();
   void enter(Mode mode);
   void enableButtons();
   void showParcelWarnings();
@@ -170,6 +180,8 @@ class RecordScreen : public Screen {
   const RecordKind& kind_;
   mdb& parcels_;
   Numbering numbering_;
+  ParcelOffer offer_;
+  TypedBefore before_;
   RecordQuery query_;
   ListPage list_;
   AttachmentPage attachments_;
@@ -182,6 +194,7 @@ class RecordScreen : public Screen {
   bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
   std::vector<Control*> required_;  ///< what must be filled, except by who looks for something
+  bool readBefore_ = true;          ///< what was typed before is to be read anew
   std::string proposed_;            ///< the key that INew put on the screen
   std::string newParcel_;           ///< key of a parcel that the user agreed to register with this record
   std::string numberTrouble_;       ///< why the next number could not be written, of the last add

@@ -66,6 +66,10 @@ void RecordScreen::iReset_Click() {
 
 void RecordScreen::followHop() {
   const std::string wanted = std::exchange(desk.session.hop, "");
+  if (!mayLeaveUnsaved())
+    return;
+  if (mode_ != Mode::Browse)
+    ICancel_Click();
   showHopped(wanted);
   refreshRecord();
 }

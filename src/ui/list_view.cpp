@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <QTableView>
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "ui/control_view.h"
@@ -36,6 +37,8 @@ class RowsTable : public QTableView {
 
   std::function<void(std::size_t)> wentTo;
   std::function<void(std::size_t)> opens;
+  std::optional<int> ordered;  ///< the column that the rows are in the order of
+  bool descending = false;
 
   // A window opens wide enough for the columns, and tall enough for a good many rows, where the display has the room.
   QSize sizeHint() const override {
@@ -45,15 +48,16 @@ class RowsTable : public QTableView {
     return QSize(columns, rows) + QSize(2 * frameWidth(), 2 * frameWidth());
   }
 
-  // Typed letters lead to the first row that begins with them. A long list is in the order of its first column, and is
-  // not read through from end to end for one letter.
+  // Typed letters lead to the first row that begins with them, in the column that the rows are in the order of. A long
+  // list is not read through from end to end for one letter.
   void keyboardSearch(const QString& letters) override {
     constexpr int kReadThrough = 2'000;
     if (!sinceTyped_.isValid() || sinceTyped_.elapsed() > QApplication::keyboardInputInterval())
       typed_.clear();
     sinceTyped_.start();
     typed_ += letters;
-    const int count = model()->rowCount();
+    const int all = model()->rowCount();
+    const int count = ordered ? all : std::min(all, kReadThrough);
     int row = count <= kReadThrough ? 0 : firstNotBefore(count);
     while (count <= kReadThrough && row < count && compareRow(row) != 0)
       ++row;
@@ -87,9 +91,11 @@ class RowsTable : public QTableView {
   }
 
  private:
-  // How the beginning of a row's first cell compares with what was typed.
+  // How the beginning of a row's cell compares with what was typed, in the order of the rows.
   int compareRow(int row) const {
-    return model()->index(row, 0).data().toString().left(typed_.size()).compare(typed_, Qt::CaseInsensitive);
+    const QString cell = model()->index(row, ordered.value_or(0)).data().toString();
+    const int compared = cell.left(typed_.size()).compare(typed_, Qt::CaseInsensitive);
+    return descending ? -compared : compared;
   }
   int firstNotBefore(int count) const {
     int first = 0;
@@ -183,6 +189,9 @@ class RowsView : public ControlView {
 
   // The head of the column that the rows are in the order of carries the mark.
   void showOrder() {
+    const auto order = list_.sortedBy ? list_.sortedBy : list_.naturalOrder;
+    widget_->ordered = order ? std::optional(static_cast<int>(*order)) : std::nullopt;
+    widget_->descending = list_.sortedBy && list_.descending;
     QHeaderView* heads = widget_->horizontalHeader();
     heads->setSortIndicatorShown(list_.sortedBy.has_value());
     if (list_.sortedBy)

@@ -176,6 +176,11 @@ QWidget* QtFace::frontWindow() const {
   return nullptr;
 }
 
+QWidget* QtFace::windowForKeys() const {
+  const Screen* front = screens_.front();
+  return running_ == 0 && front && !TypeAhead::isNotice(*front) ? windowOf(*front) : nullptr;
+}
+
 ScreenWindow* QtFace::windowOf(const Screen& screen) const {
   const auto found = windows_.find(&screen);
   return found == windows_.end() ? nullptr : found->second.get();

@@ -9,6 +9,7 @@
 #include "form/screens.h"
 #include "form/session.h"
 #include "ui/screen_window.h"
+#include "ui/type_ahead.h"
 
 class QEventLoop;
 
@@ -49,6 +50,7 @@ class QtFace : public Face, private WindowHost {
   void act(const std::function<void()>& doing) override;
   void turnedTo(Screen& screen) override;
   QColor coverColour() const;
+  QWidget* windowForKeys() const;
   void leaveLoops();
   void waitWhile(const std::function<bool()>& going);
 
@@ -63,6 +65,7 @@ class QtFace : public Face, private WindowHost {
   int handlers_ = 0;  // begun and not ended, one inside the other
   int running_ = 0;   // of them, those that wait for no screen
   bool hourglass_ = false;
+  TypeAhead typeAhead_{[this] { return windowForKeys(); }};
   QElapsedTimer sinceShown_;  // also since the user was last listened to
 };
 

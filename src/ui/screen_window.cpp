@@ -9,13 +9,18 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
 #include "ui/screen_keys.h"
 
 namespace zelvo {
+
+namespace {
+
+constexpr int kRest = 300;  ///< milliseconds without a key, after which typing rests
+
+}  // namespace
 
 ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
     : screen_(&screen), host_(host), layout_(layoutFor(screen.name())) {
@@ -30,6 +35,12 @@ ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
     hasStatusLine_ = hasStatusLine_ || control->kind() == ControlKind::Tabs || control->kind() == ControlKind::Menu;
   statusBar()->setVisible(hasStatusLine_);
   new ScreenKeys(*this);
+  resting_.setSingleShot(true);
+  resting_.setInterval(kRest);
+  connect(&resting_, &QTimer::timeout, this, [this] {
+    if (edited_)
+      act([this] { screen_->userRests(*edited_); });
+  });
   refresh();
 }
 
@@ -44,6 +55,7 @@ void ScreenWindow::detach() {
     view->dead = true;
   screen_ = nullptr;
   left_ = nullptr;
+  resting_.stop();
   hide();
 }
 
@@ -155,7 +167,12 @@ void ScreenWindow::sets(Control& control, const std::string& value) {
   if (control.kind() == ControlKind::Tabs)
     return press(setting);
   edited_ = &control;
+  resting_.start();
   act(setting);
+}
+
+std::vector<std::string> ScreenWindow::offers(const TextBox& box) {
+  return screen_ ? screen_->offersFor(box) : std::vector<std::string>();
 }
 
 // Pressing a button by its access key moves the focus there as a click does, so that the box left behind is told first.

@@ -3,6 +3,7 @@
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -54,6 +55,7 @@ class ScreenWindow : public QMainWindow, private UserActions {
 
  private:
   void sets(Control& control, const std::string& value) override;
+  std::vector<std::string> offers(const TextBox& box) override;
   void clicks(Control& control) override;
   void leaves(Control& control) override;
   void chooses(ListView& list, std::size_t row) override;
@@ -77,8 +79,9 @@ class ScreenWindow : public QMainWindow, private UserActions {
   std::unique_ptr<StackedLayout> stacked_;
   const Layout* layout_;
   BuiltForm form_;
-  const Control* edited_ = nullptr;  // what the user last changed, until it is left
-  Control* left_ = nullptr;          // whose leaving is still to be told
+  QTimer resting_;             // since the last key that changed something
+  Control* edited_ = nullptr;  // what the user last changed, until it is left
+  Control* left_ = nullptr;    // whose leaving is still to be told
   std::string shownCaption_, shownStatus_;
   bool hasStatusLine_ = false;  // small windows show theirs only when it says something
   bool ledFocus_ = false;       // since the last key: the screen said where the focus goes

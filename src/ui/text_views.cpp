@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "form/text_menu.h"
 #include "ui/entry_view.h"
+#include "ui/offer_list.h"
 #include "ui/qt_text.h"
 
 namespace zelvo {
@@ -20,6 +21,7 @@ class LineView : public EntryView<QLineEdit> {
     QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& text) {
       shown_ = text.toStdString();
       user.sets(control_, shown_);
+      offer();
     });
   }
 
@@ -45,8 +47,21 @@ class LineView : public EntryView<QLineEdit> {
       widget_->setMaxLength(limit);
   }
 
+  // The handler may have closed the screen, or written something else into the box.
+  void offer() {
+    if (dead || !box_.suggests)
+      return;
+    if (!offers_)
+      offers_ = new OfferList(*widget_, [this](const QString& text) {
+        shown_ = text.toStdString();
+        user.sets(control_, shown_);
+      });
+    offers_->show(user.offers(box_));
+  }
+
   TextBox& box_;
   std::string shown_;
+  OfferList* offers_ = nullptr;
 };
 
 class AreaView : public EntryView<QPlainTextEdit> {

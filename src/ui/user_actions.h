@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "form/control.h"
 
@@ -12,6 +13,8 @@ class UserActions {
  public:
   virtual ~UserActions() = default;
   virtual void sets(Control& control, const std::string& value) = 0;
+  /// What may be offered for what stands in a box now.
+  virtual std::vector<std::string> offers(const TextBox& box) = 0;
   virtual void clicks(Control& control) = 0;
   /// The focus left it; the screen hears of it when the user had changed it.
   virtual void leaves(Control& control) = 0;

@@ -80,6 +80,19 @@ TEST_F(ListedOffice, FilterNarrowsWhatWasAskedForAndGoesWithIt) {
   EXPECT_EQ(at.shown(permits, "txtFilter"), "");
 }
 
+TEST_F(ListedOffice, FilterFollowsTheTypingAndTheFilterStays) {
+  APermits& permits = open();
+  Control& box = at.control(permits, "txtFilter");
+  at.set(permits, "txtFilter", "mill");
+  permits.userRests(box);
+  EXPECT_EQ(column(0), "26-1|26-2");
+  at.set(permits, "txtFilter", "mille");
+  permits.userRests(box);
+  EXPECT_EQ(column(0) + at.shown(permits, "txtFilter"), "26-1mille");
+  at.leave(permits, "txtFilter");
+  EXPECT_EQ(column(0), "26-1");
+}
+
 TEST_F(ListedOffice, ChosenColumnsAreRememberedOnThisComputer) {
   at.when("ColumnsFrm", [&](Screen& columns) {
     at.choose(columns, "ListView1", "3");  // " Use "

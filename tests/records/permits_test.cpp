@@ -380,6 +380,27 @@ TEST_F(PermitOffice, UnsavedPermitIsNotLostByClosingTheWindow) {
   EXPECT_FALSE(at.screens.isOpen(permits));
 }
 
+TEST_F(PermitOffice, AnotherRecordIsShownOnlyOnceTheUnsavedOneMayGo) {
+  for (const char* key : {"26-1", "26-2"})
+    addOther(key);
+  APermits& permits = open();
+  at.click(permits, "INew");
+  typePermit(permits);
+  at.session.hop = "26-2";
+  at.expect(" Building Permits", "This permit has not been stored yet....", Answer::No);
+  open();
+  EXPECT_EQ(at.shown(permits, "Text1(18)") + at.session.hop, "Smith, John") << "and it is not asked for again";
+  at.session.hop = "26-2";
+  at.expect(" Building Permits", "This permit has not been stored yet....", Answer::Yes);
+  open();
+  EXPECT_EQ(at.shown(permits, "Text1(1)"), "26-2");
+  EXPECT_FALSE(at.control(permits, "IAdd").enabled);
+  at.click(permits, "ILocate");
+  at.set(permits, "Text1(18)", "smi");
+  permits.userCloses();
+  EXPECT_FALSE(at.screens.isOpen(permits)) << "a search loses nothing";
+}
+
 TEST_F(PermitOffice, WhoAndWhen) {
   addOther("26-1");
   auto row = permitsNow();

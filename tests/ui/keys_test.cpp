@@ -1,4 +1,6 @@
+#include <QAbstractItemView>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
@@ -119,6 +121,78 @@ TEST_F(KeysTest, ABoxThatMustBeFilledIsTintedWhileItIsEmpty) {
   screen->Text1(18).required = false;
   house.face.refresh();
   EXPECT_EQ(ground("Text1(18)"), paper);
+}
+
+TEST_F(KeysTest, ABoxOffersWhatWasTypedBeforeAndTakesNoKeyFromTheTyping) {
+  auto* box = the<QLineEdit>("Text1(18)");
+  const auto list = [&] { return box->completer() && box->completer()->popup()->isVisible(); };
+  const auto keyIntoList = [&](Qt::Key which, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(box->completer()->popup(), which, with);
+    settle();
+  };
+  type("Text1(18)", "x");
+  EXPECT_FALSE(list());
+  key(Qt::Key_Backspace);
+  type("Text1(18)", "S");
+  ASSERT_TRUE(list());
+  EXPECT_EQ(screen->Text1(18).text, "S") << "nothing is put there unasked";
+  keyIntoList(Qt::Key_M);
+  EXPECT_EQ(screen->Text1(18).text, "Sm");
+  keyIntoList(Qt::Key_Escape);
+  EXPECT_FALSE(list());
+  EXPECT_EQ(screen->Text1(18).text + box->text().toStdString(), "SmSm");
+
+  box->clear();
+  type("Text1(18)", "S");
+  ASSERT_TRUE(list());
+  keyIntoList(Qt::Key_Tab);
+  EXPECT_FALSE(list());
+  EXPECT_EQ(screen->Text1(18).text + focused(), "SCombo1") << "Tab goes on with what was typed";
+
+  box->clear();
+  type("Text1(18)", "S");
+  ASSERT_TRUE(list());
+  keyIntoList(Qt::Key_Down);
+  EXPECT_EQ(screen->Text1(18).text, "Smith, John") << "what is seen in the box is what the screen has";
+  keyIntoList(Qt::Key_Down);
+  keyIntoList(Qt::Key_Return);
+  EXPECT_FALSE(list());
+  EXPECT_EQ(screen->Text1(18).text + box->text().toStdString(), "SmytheSmythe");
+  EXPECT_EQ(focused(), "Combo1") << "and Enter goes on";
+
+  box->clear();
+  type("Text1(18)", "S");
+  ASSERT_TRUE(list());
+  keyIntoList(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(screen->events.back(), "done");
+}
+
+TEST_F(KeysTest, AScreenHearsWhenTypingRests) {
+  type("Text1(2)", "a");
+  type("Text1(2)", "b");
+  EXPECT_TRUE(heardSoon("rested AB"));
+  EXPECT_EQ(screen->events.size(), 1u);
+}
+
+/// Says something and takes nothing.
+class Notice : public Screen {
+ public:
+  explicit Notice(Desk& itsDesk) : Screen(itsDesk, "Notice", "Notice") {}
+  Label Label1{*this, "Label1", "One moment please.."};
+};
+
+TEST_F(WindowTest, WhatIsTypedWhileANoticeShowsComesIntoTheNextWindow) {
+  screens.learn("Notice", [](Desk& desk) { return std::make_unique<Notice>(desk); });
+  screen->focus = &screen->Text1(2);
+  Screen* notice = screens.open("Notice");
+  QTest::keyClicks(house.face.windowOf(*notice), "ab");
+  QTest::keyClick(house.face.windowOf(*notice), Qt::Key_Tab);
+  QTest::keyClicks(house.face.windowOf(*notice), "cd");
+  settle();
+  EXPECT_EQ(screen->Text1(2).text, "");
+  screens.close(*notice);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return screen->Text1(18).text == "cd"; }, 2000));
+  EXPECT_EQ(screen->Text1(2).text, "AB");
 }
 
 TEST_F(KeysTest, EscThrowsNothingAway) {

@@ -56,6 +56,7 @@ TEST_F(LayoutTest, DisagreementsAreNamed) {
 
 /// Only builds: nobody does anything in it.
 struct Nobody : UserActions {
+  std::vector<std::string> offers(const TextBox&) override { return {}; }
   void sets(Control&, const std::string&) override {}
   void clicks(Control&) override {}
   void leaves(Control&) override {}

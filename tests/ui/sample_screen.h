@@ -20,11 +20,12 @@ class SampleScreen : public Screen {
     Combo1.items = {"Dwelling", "Garage", std::string(300, 'W')};
     Combo2.items = {"ADMIN", "USER"};
     Combo2.freeText = false;
-    Text1(18).required = true;
+    Text1(18).required = Text1(18).suggests = true;
     Text2.manyLines = true;
     ListView1.columns = {{" Permit ", 10, false}, {" Owner ", 30, false}};
     cmdOK.isDefault = true;
     onEdit(Text1(2), [this] { Text1(2).text = std::string(trimmedUpper(Text1(2).text)); });
+    onRest(Text1(2), [this] { heard("rested " + Text1(2).text); });
     onLeave(Text1(18), [this] { heard("left owner"); });
     onLeave(Text1(2), [this] {
       if (Text1(2).text != "BAD")
@@ -49,6 +50,9 @@ class SampleScreen : public Screen {
     onOpenRow(ListView1, [this] { heard("open " + std::to_string(*ListView1.selected)); });
   }
 
+  std::vector<std::string> typedBefore(const TextBox& box) override {
+    return box.text.starts_with("S") ? std::vector<std::string>{"Smith, John", "Smythe"} : std::vector<std::string>{};
+  }
   void heard(const std::string& what) { events.push_back(what); }
   std::vector<std::string> events;
 

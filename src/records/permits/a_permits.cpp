@@ -189,15 +189,6 @@ void APermits::showExpired() {
 
 // ---- parcels
 
-namespace {
-
-/// The registry and the roll have their words for a text that nobody knows.
-bool isKnown(std::string_view text) {
-  return !trim(text).empty() && text != "UNK" && text != "?";
-}
-
-}  // namespace
-
 void APermits::iLook_Click() {
   const auto found = lookUpParcel(desk, *this);
   if (!found)
@@ -205,9 +196,7 @@ void APermits::iLook_Click() {
   const std::string number = Text1(1).text;  // taking a key apart clears this box with those of the parts
   ExtractSBL(*this, found->key);
   Text1(1).text = number;
-  for (const auto& [box, text] : {std::pair(18, found->owner), std::pair(34, found->location)})
-    if (boxText(*this, box).empty() && isKnown(text))
-      Text1(box).text = text;
+  fillFromParcel({found->owner, found->mailing, found->location});
   setFocus(Text1(34));
 }
 

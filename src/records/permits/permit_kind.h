@@ -24,6 +24,7 @@ inline constexpr RecordKind kPermits = {
     .numbering = {"BLDGPRM", "\\phi.txt", "\\pnb.txt", &NumberSeeds::permit},
     .list = kPermitList,
     .required = kPermitRequired,
+    .ofParcel = {.owner = 18, .address = 17, .location = 34},
 };
 
 }  // namespace zelvo
