@@ -1,6 +1,7 @@
 #include "ui/date_box.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QFrame>
 #include <QKeyEvent>
@@ -65,9 +66,8 @@ void DateBox::setReadOnly(bool readOnly) {
 }
 
 void DateBox::showUnreadable(bool unreadable) {
-  QPalette colours;
-  if (unreadable)
-    colours.setColor(QPalette::Text, warningColour(palette()));
+  QPalette colours = palette();  // the ground stays as it is
+  colours.setColor(QPalette::Text, unreadable ? warningColour(colours) : QApplication::palette().color(QPalette::Text));
   setPalette(colours);
 }
 

@@ -168,7 +168,15 @@ void ScreenWindow::sets(Control& control, const std::string& value) {
     return press(setting);
   edited_ = &control;
   resting_.start();
-  act(setting);
+  if (control.kind() == ControlKind::CheckBox || control.kind() == ControlKind::Option)
+    return act(setting);
+  // What is typed is in its control before the box left behind is told of, which may show the window anew.
+  const QPointer<ScreenWindow> self(this);
+  host_.act([&] {
+    setting();
+    if (self && screen_)
+      tellLeft();
+  });
 }
 
 std::vector<std::string> ScreenWindow::offers(const TextBox& box) {

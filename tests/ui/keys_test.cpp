@@ -52,6 +52,16 @@ TEST_F(KeysTest, EnterTellsTheBoxThatIsLeftAndPassesLockedOnes) {
   EXPECT_TRUE(heardSoon("left owner"));
 }
 
+TEST_F(KeysTest, AKeyTypedAtOnceIntoTheNextBoxIsNotLostToWhatTheLastOneShows) {
+  QTest::keyClicks(the("Text1(18)"), "Lopez");
+  the("Text1(18)")->setFocus();
+  QTest::keyClicks(the("Text1(18)"), " A");
+  the("Text1(2)")->setFocus();
+  QTest::keyClicks(the("Text1(2)"), "r-1");
+  EXPECT_EQ(screen->status, "left Lopez A");
+  EXPECT_EQ(screen->Text1(2).text + the<QLineEdit>("Text1(2)")->text().toStdString(), "R-1R-1");
+}
+
 TEST_F(KeysTest, WhereAButtonWaitsForEnterItIsPressed) {
   screen->cmdOK.isDefault = true;
   type("Text1(18)", "Smith");

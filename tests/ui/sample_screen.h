@@ -26,7 +26,10 @@ class SampleScreen : public Screen {
     cmdOK.isDefault = true;
     onEdit(Text1(2), [this] { Text1(2).text = std::string(trimmedUpper(Text1(2).text)); });
     onRest(Text1(2), [this] { heard("rested " + Text1(2).text); });
-    onLeave(Text1(18), [this] { heard("left owner"); });
+    onLeave(Text1(18), [this] {
+      heard("left owner");
+      showStatus("left " + Text1(18).text);
+    });
     onLeave(Text1(2), [this] {
       if (Text1(2).text != "BAD")
         return;
