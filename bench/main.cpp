@@ -19,10 +19,15 @@ struct Measure {
 };
 
 constexpr Measure measures[] = {
-    {"open", "DATABASE PERMIT", 2, openPermits},   {"page", "DATABASE", 1, readFirstPage},
-    {"search", "DATABASE QUERY", 2, countFound},   {"add", "DATABASE COMPUTERS", 2, addPermits},
-    {"import", "FILE DATABASE", 2, importPermits}, {"parcels", "FOLDER COUNT", 2, findParcels},
-    {"serve", "FOLDER DATABASE", 2, serve},        {"letters", "FOLDER COUNT", 2, makeLetters},
+    {"open", "DATABASE PERMIT", 2, openPermits},
+    {"page", "DATABASE", 1, readFirstPage},
+    {"search", "DATABASE QUERY", 2, countFound},
+    {"add", "DATABASE COMPUTERS", 2, addPermits},
+    {"import", "FILE DATABASE", 2, importPermits},
+    {"parcels", "FOLDER COUNT", 2, findParcels},
+    {"serve", "FOLDER DATABASE", 2, serve},
+    {"letters", "FOLDER COUNT", 2, makeLetters},
+    {"screen", "PROGRAMFOLDER SCRIPT", 2, workAtScreens},
 };
 
 int usage() {

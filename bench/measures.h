@@ -40,4 +40,7 @@ Result<std::string> makeLetters(Arguments arguments);
 /// Trouble::NotFound when no server is installed.
 Result<std::string> serve(Arguments arguments);
 
+/// PROGRAMFOLDER SCRIPT: carries out a script of zelvo-console; the microseconds that its last line took.
+Result<std::string> workAtScreens(Arguments arguments);
+
 }  // namespace zelvo::bench
