@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/files.h"
+#include "documents/labels/label_printer.h"
 #include "support/scripted_desk.h"
 #include "support/temp_folder.h"
 
@@ -193,6 +194,27 @@ TEST_F(LabelSetUp, TheLayoutsThatComeWithTheProgramFillLetterPaper) {
   folder.write("labels/catalog.txt", "1\r\nOurs\r\n");
   ASSERT_TRUE(makeLabelLayouts(folder.path()).ok());
   EXPECT_EQ(labelCatalogue(folder.path()), std::vector<std::string>{"Ours"}) << "the office's own catalogue stays";
+}
+
+TEST_F(LabelSetUp, LabelsGoOntoTheSheetThatIsSetUpAndTheNextOnesGoOnFromThere) {
+  LabelPrinter printer(office.desk, settings);
+  const std::vector<LabelText> owners(4, {"Smith, John", "12 Mill Road", "Alder Glen, NY 12009"});
+  office.when("LabelFrm", [this](Screen& setUp) { office.click(setUp, "cmdCancel"); });
+  EXPECT_FALSE(printer.print(owners, "Label for Mailing").valueOr(true)) << "cancelled";
+  EXPECT_TRUE(office.printed.empty());
+
+  office.when("LabelFrm", [this](Screen& setUp) {
+    office.set(setUp, "Image1", "2, 2");
+    office.click(setUp, "cmdOK");
+  });
+  EXPECT_TRUE(printer.print(owners, "Label for Mailing").valueOr(false));
+  ASSERT_EQ(office.printed.size(), 1u);
+  EXPECT_EQ(office.printed.front().title, "Label for Mailing");
+  EXPECT_EQ(settings.start, (SheetPlace{3, 3})) << "four labels from the second of the second row";
+
+  office.printerSays = Error{Trouble::Failed, "The printer is out of paper."};
+  EXPECT_FALSE(printer.print(owners, "Label for Mailing").ok());
+  EXPECT_EQ(settings.start, (SheetPlace{2, 2})) << "what was not printed uses no label up";
 }
 
 TEST(Sheet, APointLiesOnALabelOrBesideAll) {

@@ -7,7 +7,7 @@
 
 namespace zelvo {
 
-House::House(Desk& desk) : parcels_(desk.session), letters_(desk) {
+House::House(Desk& desk) : parcels_(desk.session), letters_(desk), labelPrinter_(desk, labels_) {
   learnShellScreens(desk.screens);
   learnParcelScreens(desk.screens, parcels_);
   learnRecordScreens(desk.screens);

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "data/mdb.h"
-#include "documents/labels/label_layout.h"
+#include "documents/labels/label_printer.h"
 #include "documents/letter.h"
 #include "form/desk.h"
 
@@ -23,6 +23,7 @@ class House {
   mdb parcels_;
   LetterPrinter letters_;
   LabelSettings labels_;
+  LabelPrinter labelPrinter_;
 };
 
 }  // namespace zelvo
