@@ -21,6 +21,8 @@ std::string systemPath(std::string_view path);
 /// The part before the last separator (empty when there is none, "/" for a file in the root), and the part after it.
 std::string folderOf(std::string_view path);
 std::string fileNameOf(std::string_view path);
+/// A file name made of a title, without the characters that file systems keep for themselves: "Permit 26-1.pdf".
+std::string fileNameFor(std::string_view title, std::string_view extension);
 /// A folder without separators at its end; the root stays "/".
 std::string withoutEndSeparator(std::string_view folder);
 

@@ -132,6 +132,14 @@ std::string fileNameOf(std::string_view path) {
   return std::string(path.substr(path.find_last_of("/\\") + 1));
 }
 
+std::string fileNameFor(std::string_view title, std::string_view extension) {
+  std::string name(trim(title));
+  for (char& letter : name)
+    if (std::string_view("\\/:*?\"<>|").find(letter) != std::string_view::npos)
+      letter = '-';
+  return name + std::string(extension);
+}
+
 std::string withoutEndSeparator(std::string_view folder) {
   while (folder.size() > 1 && isSeparator(folder.back()))
     folder.remove_suffix(1);

@@ -135,6 +135,17 @@ bool ConsolePrinting::choosePrinter(PrintOptions& options) {
   return !cancelled;
 }
 
+Result<PrintedCopy> ConsolePrinting::copyOf(const PrintJob& job) {
+  const auto rtf = readBytes(job.rtfPath);
+  if (!rtf)
+    return rtf.error();
+  return PrintedCopy{*rtf, ".rtf"};
+}
+
+Result<int> ConsolePrinting::countPages(const PrintJob&) {
+  return Error{Trouble::NotFound, "The console makes no pages. The document can be printed."};
+}
+
 std::string ConsolePrinting::nextFile() const {
   double last = 0;
   for (const std::string& name : listFiles(folder_, "*.rtf"))

@@ -45,6 +45,9 @@ class ConsolePrinting : public Printing {
   Result<void> print(const PrintJob& job) override;
   /// The answer is OK (also when there is none), Cancel, or the name of a printer.
   bool choosePrinter(PrintOptions& options) override;
+  /// The rich text itself: whoever works without windows keeps what he would have printed.
+  Result<PrintedCopy> copyOf(const PrintJob& job) override;
+  Result<int> countPages(const PrintJob& job) override;
 
  private:
   std::string nextFile() const;

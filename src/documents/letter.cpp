@@ -52,11 +52,11 @@ Result<std::string> LetterPrinter::merge(std::string_view templateName) {
   return path;
 }
 
-Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title) {
+Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title, const KeepCopy& keep) {
   const Result<std::string> path = merge(templateName);
   if (!path)
     return path.error();
-  return desk_.printing.print({std::string(title), *path, desk_.session.print});
+  return deliver(desk_, {{std::string(title), *path, desk_.session.print}, keep});
 }
 
 }  // namespace zelvo

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "documents/merge.h"
+#include "documents/print_delivery.h"
 #include "form/desk.h"
 
 namespace zelvo {
@@ -16,10 +17,11 @@ class LetterPrinter {
 
   MergeContext context;
 
-  /// Merges "\bldgperm.rtf" of the forms folder and prints it under the session's print options. A template that is
-  /// missing or no rich text is an error that names the file and the folder it is looked for in; nothing is printed
-  /// then.
-  Result<void> print(std::string_view templateName, std::string_view title);
+  /// Merges "\bldgperm.rtf" of the forms folder and brings it to the user under the session's print options: printed,
+  /// or shown or opened for changes before that. A copy of what is printed goes to `keep`, when the options ask for
+  /// one. A template that is missing or no rich text is an error that names the file and the folder it is looked for
+  /// in; nothing is printed then.
+  Result<void> print(std::string_view templateName, std::string_view title, const KeepCopy& keep = {});
   /// The merged document, written to "\tmp.rtf" and not printed; its path.
   Result<std::string> merge(std::string_view templateName);
 

@@ -20,27 +20,32 @@ double margin(const TextBox& box) {
 
 }  // namespace
 
-PrintFrm::PrintFrm(Desk& theDesk, std::string_view title, std::vector<std::string> printoutTypes)
+PrintFrm::PrintFrm(Desk& theDesk, std::string_view title, std::vector<std::string> printoutTypes, PrintFrom from)
     : Screen(theDesk, "PrintFrm", title) {
   Combo1.items = std::move(printoutTypes);
   Combo1.freeText = false;
   Combo2.items = {"8", "9", "10", "11", "12", "14"};
-  Check1.enabled = false;
-  Check1.tip = "The editor is not part of this program yet.";
+  Check1.tip = "The merged document is opened in the editor, and printed from there.";
+  Check4.visible = from == PrintFrom::Record;
+  Check4.tip = "What is printed is kept among the documents of the record.";
   cmdPrint.isDefault = true;
   cmdCancel.isCancel = true;
   show(desk.session.print);
   for (TextBox* box : {&Text1, &Text2, &Text3, &Text4})
     watchMargin(*box);
-  onClick(cmdPrint, [this] { cmdPrint_Click(); });
+  onClick(cmdHeader, [this] { cmdHeader_Click(); });
+  onClick(cmdPreview, [this] { accept(true); });
+  onClick(cmdPrint, [this] { accept(false); });
   onClick(cmdCancel, [this] { closeMe(); });
 }
 
 void PrintFrm::show(const PrintOptions& options) {
   if (std::find(Combo1.items.begin(), Combo1.items.end(), options.type) != Combo1.items.end())
     Combo1.text = options.type;
+  Check1.checked = options.viewFirst;
   Check2.checked = options.landscape;
   Check3.checked = options.choosePrinter;
+  Check4.checked = Check4.visible && options.keepCopy;
   Text1.text = numberText(options.left);
   Text2.text = numberText(options.top);
   Text3.text = numberText(options.right);
@@ -64,9 +69,11 @@ void PrintFrm::checkMargins(TextBox& box) {
 PrintOptions PrintFrm::entered() const {
   PrintOptions options = desk.session.print;
   options.type = Combo1.text;
-  options.viewFirst = false;
+  options.viewFirst = Check1.checked;
   options.landscape = Check2.checked;
   options.choosePrinter = Check3.checked;
+  if (Check4.visible)
+    options.keepCopy = Check4.checked;
   options.left = margin(Text1);
   options.top = margin(Text2);
   options.right = margin(Text3);
@@ -76,13 +83,19 @@ PrintOptions PrintFrm::entered() const {
   return options;
 }
 
-void PrintFrm::cmdPrint_Click() {
+void PrintFrm::cmdHeader_Click() {
+  if (!desk.screens.showModal("HeaderFrm"))
+    desk.messages.tell(" " + caption, "The report header cannot be set here.", Icon::Exclamation);
+}
+
+void PrintFrm::accept(bool preview) {
   if (trim(Combo1.text).empty()) {
     desk.messages.tell("Zelvo", "You must select a report type from the pop down list prior to proceeding.",
                        Icon::Exclamation);
     return setFocus(Combo1);
   }
   PrintOptions options = entered();
+  options.preview = preview;
   if (options.choosePrinter && !desk.printing.choosePrinter(options))
     return;
   desk.session.print = options;

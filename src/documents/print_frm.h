@@ -10,11 +10,15 @@
 
 namespace zelvo {
 
+/// Whether what is printed can be kept: with the record that it is printed from.
+enum class PrintFrom { List, Record };
+
 /// The print options: which printout of the record is wanted, and how it goes to paper. Starts from the session's
-/// options and stores them there on "&Print"; what is printed is the calling screen's part.
+/// options and stores them there on "&Print" and "Pre&view"; what is printed is the calling screen's part.
 class PrintFrm : public Screen {
  public:
-  PrintFrm(Desk& desk, std::string_view title, std::vector<std::string> printoutTypes);
+  PrintFrm(Desk& desk, std::string_view title, std::vector<std::string> printoutTypes,
+           PrintFrom from = PrintFrom::List);
 
   /// Whether to print: the options were stored, with the chosen type in session.print.type.
   bool accepted() const { return accepted_; }
@@ -24,6 +28,7 @@ class PrintFrm : public Screen {
   CheckBox Check1{*this, "Check1", "Allow me to view and edit form"};
   CheckBox Check2{*this, "Check2", "Force Landscape Printing"};
   CheckBox Check3{*this, "Check3", "Let me select before printing"};
+  CheckBox Check4{*this, "Check4", "&Keep a copy with the record"};
   Label leftCaption{*this, "Label2", " Left margin in inches"};
   TextBox Text1{*this, "Text1"};
   Label topCaption{*this, "Label3", " Top margin in inches"};
@@ -34,6 +39,8 @@ class PrintFrm : public Screen {
   TextBox Text4{*this, "Text4"};
   Label sizeCaption{*this, "Label6", "Default Font Size:"};
   Combo Combo2{*this, "Combo2"};
+  Button cmdHeader{*this, "cmdHeader", " Set report default header"};
+  Button cmdPreview{*this, "cmdPreview", "Pre&view"};
   Button cmdPrint{*this, "cmdPrint", "&Print"};
   Button cmdCancel{*this, "cmdCancel", "Cancel"};
 
@@ -41,7 +48,8 @@ class PrintFrm : public Screen {
   void show(const PrintOptions& options);
   void watchMargin(TextBox& box);
   void checkMargins(TextBox& box);
-  void cmdPrint_Click();
+  void cmdHeader_Click();
+  void accept(bool preview);
   PrintOptions entered() const;
 
   bool marginsTouched_ = false;

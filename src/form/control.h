@@ -31,6 +31,8 @@ enum class ControlKind {
   List,
   Tabs,
   Sheet,
+  RichText,
+  Pages,
   Menu,
   MenuEntry
 };

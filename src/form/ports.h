@@ -66,11 +66,19 @@ struct PrintOptions {
   bool marginsSet = false;  ///< the user set them; otherwise a document that states margins keeps its own
   bool landscape = false;
   bool choosePrinter = false;
-  bool viewFirst = false;
-  int fontSize = 10;  ///< of tabular reports, in points
+  bool viewFirst = false;  ///< the document is opened for changes before it is printed
+  bool preview = false;    ///< its pages are shown before they are printed
+  bool keepCopy = false;   ///< what was printed is kept with the record
+  int fontSize = 10;       ///< of tabular reports, in points
   int copies = 1;
   std::string printer;  ///< empty: the default one
   std::string type;     ///< the printout type chosen last
+};
+
+/// A document as it is kept: the pages as a PDF; a face that makes no pages keeps the rich text.
+struct PrintedCopy {
+  std::string bytes;
+  std::string extension;  ///< ".pdf"
 };
 
 struct PrintJob {
@@ -85,6 +93,10 @@ class Printing {
   virtual Result<void> print(const PrintJob& job) = 0;
   /// The printer dialog: fills printer and copies; false when cancelled.
   virtual bool choosePrinter(PrintOptions& options) = 0;
+  /// What print would put on paper, to be kept as a file.
+  virtual Result<PrintedCopy> copyOf(const PrintJob& job) = 0;
+  /// How many pages a job has; an error where the face makes no pages.
+  virtual Result<int> countPages(const PrintJob& job) = 0;
 };
 
 struct ScreenSize {
@@ -110,10 +122,16 @@ class Desktop {
   virtual void activateWindow() = 0;
   /// The text that was copied last; a desktop without a clipboard keeps it for this program alone.
   virtual std::string clipboard() { return copied_; }
-  virtual void setClipboard(std::string_view text) { copied_ = text; }
+  void setClipboard(std::string_view text) { setClipboard(text, {}); }
+  /// The same with its look, as rich text; empty when what was copied has none.
+  virtual std::string richClipboard() { return copiedRich_; }
+  virtual void setClipboard(std::string_view text, std::string_view richText) {
+    copied_ = text;
+    copiedRich_ = richText;
+  }
 
  private:
-  std::string copied_;
+  std::string copied_, copiedRich_;
 };
 
 class Clock {

@@ -47,6 +47,14 @@ Result<void> Screen::userSets(Control& control, std::string_view value) {
   return {};
 }
 
+Result<void> Screen::userChanges(Control& control, const std::function<void()>& change) {
+  if (auto refused = refuseUnreachable(control); !refused)
+    return refused;
+  change();
+  run(control, Event::Edit);
+  return {};
+}
+
 // A click on a check box or an option changes it as well.
 Result<void> Screen::userClicks(Control& control) {
   if (const auto* box = dynamic_cast<CheckBox*>(&control))

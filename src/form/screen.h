@@ -33,6 +33,8 @@ class Screen {
 
   // What a user does. Each is refused, with the reason, on a control that is hidden or disabled or cannot take it.
   Result<void> userSets(Control& control, std::string_view value);
+  /// A change that is more than a value, such as letters typed into a letter with their look. Runs the same handler.
+  Result<void> userChanges(Control& control, const std::function<void()>& change);
   Result<void> userClicks(Control& control);
   Result<void> userLeaves(Control& control);
   Result<void> userChooses(ListView& list, std::size_t row);

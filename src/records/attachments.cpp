@@ -78,4 +78,14 @@ Result<std::string> Attachments::attach(AttachmentKind kind, std::string_view ke
   return Error{Trouble::NotFound, "This record has too many files. Remove some from " + folder(kind) + "."};
 }
 
+Result<std::string> Attachments::attachPrinted(std::string_view key, const PrintedCopy& copy,
+                                               std::string_view temporaryFolder) const {
+  const std::string whole = joinPath(temporaryFolder, "zelvo-copy" + copy.extension);
+  if (const auto written = replaceFile(whole, copy.bytes, Access::OwnerOnly); !written)
+    return written.error();
+  auto name = attach(AttachmentKind::Document, key, whole);
+  static_cast<void>(deleteFile(whole));
+  return name;
+}
+
 }  // namespace zelvo

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "form/ports.h"
 
 namespace zelvo {
 
@@ -24,6 +25,9 @@ class Attachments {
   /// Copies a file to the record, under the first number that is free; gives its new name. Of two computers that attach
   /// at the same moment each gets a number of its own. The error says why it could not be copied; then nothing is left.
   Result<std::string> attach(AttachmentKind kind, std::string_view key, std::string_view source) const;
+  /// Keeps what was printed among the documents of the record; gives its new name.
+  Result<std::string> attachPrinted(std::string_view key, const PrintedCopy& copy,
+                                    std::string_view temporaryFolder) const;
 
  private:
   std::string folder(AttachmentKind kind) const;

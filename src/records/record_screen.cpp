@@ -346,4 +346,12 @@ void RecordScreen::recinfod_Click() {
   desk.messages.tell(" Record Information", text);
 }
 
+KeepCopy RecordScreen::keeper() const {
+  const Attachments files(desk.session.dataFolder, kind_.code);
+  return [&outside = desk, files, record = key()](const PrintedCopy& copy) -> Result<void> {
+    const auto name = files.attachPrinted(record, copy, outside.desktop.temporaryFolder());
+    return name ? Result<void>() : Result<void>(name.error());
+  };
+}
+
 }  // namespace zelvo

@@ -7,6 +7,7 @@
 
 #include "data/mdb.h"
 #include "data/recordset.h"
+#include "documents/print_delivery.h"
 #include "form/desk.h"
 #include "records/attachment_page.h"
 #include "records/conflict_frm.h"
@@ -91,6 +92,10 @@ class RecordScreen : public Screen {
   Recordset& records() const { return *datPrimaryRS_; }
   Mode mode() const { return mode_; }
   std::string key() const;
+  /// Keeps what is printed from now on of the record at hand with that record, wherever the screen stands by then.
+  KeepCopy keeper() const;
+  /// To be called behind a printing that may have kept a copy.
+  void showAttachments() { attachments_.show(key()); }
   Numbering& numbering() { return numbering_; }
   const Numbering& numbering() const { return numbering_; }
   mdb& parcels() { return parcels_; }

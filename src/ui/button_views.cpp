@@ -160,10 +160,49 @@ std::string keyNames(std::string_view keys) {
   return replaceAll(replaceAll(keys, "PgUp", "Page Up"), "PgDown", "Page Down");
 }
 
+// The drawing is known from every word processor; the tip has the word.
+bool saysItAll(Glyph glyph) {
+  return glyph == Glyph::First || glyph == Glyph::Previous || glyph == Glyph::Next || glyph == Glyph::Last ||
+         glyph >= Glyph::Undo;
+}
+
+QAbstractButton* makeTool(QWidget* parent, const LayoutRow& row) {
+  auto* tool = new QToolButton(parent);
+  tool->setAutoRaise(true);
+  tool->setFocusPolicy(Qt::TabFocus);
+  tool->setIcon(glyphIcon(row.glyph));
+  tool->setToolButtonStyle(row.glyph == Glyph::None ? Qt::ToolButtonTextOnly
+                           : saysItAll(row.glyph)   ? Qt::ToolButtonIconOnly
+                                                    : Qt::ToolButtonTextBesideIcon);
+  return tool;
+}
+
+// A tool that stays pressed; it has its keys from the layout.
+QAbstractButton* makeToggle(QWidget* parent, const LayoutRow& row) {
+  QAbstractButton* tool = makeTool(parent, row);
+  tool->setCheckable(true);
+  return tool;
+}
+
+bool isTool(const LayoutRow* row) {
+  return row && row->kind == LayoutRow::Kind::Tool;
+}
+
+// The caption of a button may bring an access key, which the keys of the layout take the place of.
+void showCaption(QAbstractButton* widget, const std::string& caption, const QKeySequence& keys) {
+  widget->setText(QString::fromStdString(caption));
+  if (!keys.isEmpty())
+    widget->setShortcut(keys);
+}
+
+QKeySequence keysOf(const LayoutRow* row) {
+  return row ? QKeySequence(qtText(row->keys)) : QKeySequence();
+}
+
 class ButtonView : public ControlView {
  public:
-  ButtonView(Button& button, UserActions& actions, QAbstractButton* widget, std::string_view keys)
-      : ControlView(button, actions), button_(button), widget_(widget), keys_(qtText(keys)) {
+  ButtonView(Button& button, UserActions& actions, QAbstractButton* widget, const LayoutRow* row)
+      : ControlView(button, actions), button_(button), widget_(widget), keys_(keysOf(row)) {
     QObject::connect(widget_, &QAbstractButton::clicked, widget_, [this] { user.clicks(control_); });
   }
   QWidget* widget() const override { return widget_; }
@@ -172,9 +211,7 @@ class ButtonView : public ControlView {
   void showValue() override {
     if (shown_ != button_.caption) {
       shown_ = button_.caption;
-      widget_->setText(QString::fromStdString(shown_));
-      if (!keys_.isEmpty())
-        widget_->setShortcut(keys_);
+      showCaption(widget_, shown_, keys_);
     }
     auto* push = qobject_cast<QPushButton*>(widget_);
     if (push && push->isDefault() != button_.isDefault)
@@ -201,9 +238,9 @@ class ButtonView : public ControlView {
 
 class CheckView : public ControlView {
  public:
-  CheckView(CheckBox& box, UserActions& actions, QWidget* parent)
-      : ControlView(box, actions), box_(box), widget_(new QCheckBox(parent)) {
-    QObject::connect(widget_, &QCheckBox::clicked, widget_,
+  CheckView(CheckBox& box, UserActions& actions, QAbstractButton* widget, const LayoutRow* row)
+      : ControlView(box, actions), box_(box), widget_(widget), keys_(keysOf(row)) {
+    QObject::connect(widget_, &QAbstractButton::clicked, widget_,
                      [this](bool checked) { user.sets(control_, checked ? "1" : "0"); });
     watchFocus(widget_);
   }
@@ -213,7 +250,7 @@ class CheckView : public ControlView {
   void showValue() override {
     const QString caption = QString::fromStdString(box_.caption);
     if (widget_->text() != caption)
-      widget_->setText(caption);
+      showCaption(widget_, box_.caption, keys_);
     if (widget_->isChecked() != box_.checked)
       widget_->setChecked(box_.checked);
     if (locked_ == box_.locked)
@@ -224,16 +261,17 @@ class CheckView : public ControlView {
 
  private:
   CheckBox& box_;
-  QCheckBox* widget_;
+  QAbstractButton* widget_;
+  QKeySequence keys_;
   bool locked_ = false;
 };
 
 class OptionView : public ControlView {
  public:
-  OptionView(Option& option, UserActions& actions, QWidget* parent)
-      : ControlView(option, actions), option_(option), widget_(new QRadioButton(parent)) {
-    groupOf(parent)->addButton(widget_);
-    QObject::connect(widget_, &QRadioButton::clicked, widget_, [this] { user.sets(control_, "1"); });
+  OptionView(Option& option, UserActions& actions, QAbstractButton* widget, const LayoutRow* row)
+      : ControlView(option, actions), option_(option), widget_(widget), keys_(keysOf(row)) {
+    groupOf(widget->parentWidget())->addButton(widget_);
+    QObject::connect(widget_, &QAbstractButton::clicked, widget_, [this] { user.sets(control_, "1"); });
   }
   QWidget* widget() const override { return widget_; }
 
@@ -241,7 +279,7 @@ class OptionView : public ControlView {
   void showValue() override {
     const QString caption = QString::fromStdString(option_.caption);
     if (widget_->text() != caption)
-      widget_->setText(caption);
+      showCaption(widget_, option_.caption, keys_);
     if (widget_->isChecked() == option_.chosen)
       return;
     widget_->group()->setExclusive(option_.chosen);  // a group may also have none chosen
@@ -261,21 +299,9 @@ class OptionView : public ControlView {
   }
 
   Option& option_;
-  QRadioButton* widget_;
+  QAbstractButton* widget_;
+  QKeySequence keys_;
 };
-
-QAbstractButton* makeTool(QWidget* parent, const LayoutRow& row) {
-  auto* tool = new QToolButton(parent);
-  tool->setAutoRaise(true);
-  tool->setFocusPolicy(Qt::TabFocus);
-  tool->setIcon(glyphIcon(row.glyph));
-  const bool move = row.glyph == Glyph::First || row.glyph == Glyph::Previous || row.glyph == Glyph::Next ||
-                    row.glyph == Glyph::Last;  // the arrow says it all
-  tool->setToolButtonStyle(row.glyph == Glyph::None ? Qt::ToolButtonTextOnly
-                           : move                   ? Qt::ToolButtonIconOnly
-                                                    : Qt::ToolButtonTextBesideIcon);
-  return tool;
-}
 
 // A large button with a picture over its caption, both in the middle.
 class TileButton : public QPushButton {
@@ -350,21 +376,23 @@ std::unique_ptr<ControlView> makeLabelView(Label& label, UserActions& user, QWid
 
 std::unique_ptr<ControlView> makeButtonView(Button& button, UserActions& user, QWidget* parent, const LayoutRow* row) {
   QAbstractButton* widget = nullptr;
-  if (row && row->kind == LayoutRow::Kind::Tool)
+  if (isTool(row))
     widget = makeTool(parent, *row);
   else if (row && row->kind == LayoutRow::Kind::Tile)
     widget = new TileButton(parent, *row);
   else
     widget = makePush(parent, row);
-  return std::make_unique<ButtonView>(button, user, widget, row ? row->keys : std::string_view());
+  return std::make_unique<ButtonView>(button, user, widget, row);
 }
 
-std::unique_ptr<ControlView> makeCheckView(CheckBox& box, UserActions& user, QWidget* parent) {
-  return std::make_unique<CheckView>(box, user, parent);
+std::unique_ptr<ControlView> makeCheckView(CheckBox& box, UserActions& user, QWidget* parent, const LayoutRow* row) {
+  QAbstractButton* widget = isTool(row) ? makeToggle(parent, *row) : new QCheckBox(parent);
+  return std::make_unique<CheckView>(box, user, widget, row);
 }
 
-std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, QWidget* parent) {
-  return std::make_unique<OptionView>(option, user, parent);
+std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, QWidget* parent, const LayoutRow* row) {
+  QAbstractButton* widget = isTool(row) ? makeToggle(parent, *row) : new QRadioButton(parent);
+  return std::make_unique<OptionView>(option, user, widget, row);
 }
 
 }  // namespace zelvo

@@ -3,6 +3,9 @@
 #include <QEvent>
 #include <QFocusEvent>
 
+#include "documents/editor/rich_text_box.h"
+#include "documents/preview/page_view.h"
+
 namespace zelvo {
 
 /// Tells a view that its widget lost the focus to another one. A window that goes to the back, a menu and a list that
@@ -76,9 +79,9 @@ std::unique_ptr<ControlView> makeView(Control& control, UserActions& user, QWidg
     case ControlKind::Button:
       return makeButtonView(static_cast<Button&>(control), user, parent, row);
     case ControlKind::CheckBox:
-      return makeCheckView(static_cast<CheckBox&>(control), user, parent);
+      return makeCheckView(static_cast<CheckBox&>(control), user, parent, row);
     case ControlKind::Option:
-      return makeOptionView(static_cast<Option&>(control), user, parent);
+      return makeOptionView(static_cast<Option&>(control), user, parent, row);
     case ControlKind::Combo:
       return makeComboView(static_cast<Combo&>(control), user, parent);
     case ControlKind::DatePicker:
@@ -89,6 +92,10 @@ std::unique_ptr<ControlView> makeView(Control& control, UserActions& user, QWidg
       return makeTabsView(static_cast<Tabs&>(control), user, parent);
     case ControlKind::Sheet:
       return makeSheetView(static_cast<SheetPicture&>(control), user, parent);
+    case ControlKind::RichText:
+      return makeRichTextView(static_cast<RichTextBox&>(control), user, parent);
+    case ControlKind::Pages:
+      return makePagesView(static_cast<PageView&>(control), user, parent);
     case ControlKind::Menu:
     case ControlKind::MenuEntry:
       break;

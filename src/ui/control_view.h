@@ -15,6 +15,9 @@ class QMenuBar;
 
 namespace zelvo {
 
+class PageView;
+class RichTextBox;
+
 /// The widget of one control. It writes what the user does into the control and, when asked, shows what differs from
 /// what it last showed; it never touches what is unchanged, so that the cursor stays where the user put it.
 class ControlView {
@@ -62,8 +65,8 @@ std::unique_ptr<ControlView> makeView(Control& control, UserActions& user, QWidg
 
 std::unique_ptr<ControlView> makeLabelView(Label& label, UserActions& user, QWidget* parent, const LayoutRow* row);
 std::unique_ptr<ControlView> makeButtonView(Button& button, UserActions& user, QWidget* parent, const LayoutRow* row);
-std::unique_ptr<ControlView> makeCheckView(CheckBox& box, UserActions& user, QWidget* parent);
-std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, QWidget* parent);
+std::unique_ptr<ControlView> makeCheckView(CheckBox& box, UserActions& user, QWidget* parent, const LayoutRow* row);
+std::unique_ptr<ControlView> makeOptionView(Option& option, UserActions& user, QWidget* parent, const LayoutRow* row);
 std::unique_ptr<ControlView> makeTextView(TextBox& box, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeComboView(Combo& combo, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeDateView(DatePicker& picker, UserActions& user, QWidget* parent);
@@ -71,5 +74,7 @@ std::unique_ptr<ControlView> makeDateTextView(TextBox& box, UserActions& user, Q
 std::unique_ptr<ControlView> makeListView(ListView& list, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeTabsView(Tabs& tabs, UserActions& user, QWidget* parent);
 std::unique_ptr<ControlView> makeSheetView(SheetPicture& sheet, UserActions& user, QWidget* parent);
+std::unique_ptr<ControlView> makeRichTextView(RichTextBox& box, UserActions& user, QWidget* parent);
+std::unique_ptr<ControlView> makePagesView(PageView& pages, UserActions& user, QWidget* parent);
 
 }  // namespace zelvo

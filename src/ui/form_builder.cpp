@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QGroupBox>
 #include <QScrollArea>
+#include <QShortcut>
 #include <QTabWidget>
 #include <algorithm>
 #include <map>
@@ -57,6 +58,7 @@ class Builder {
   void place(const LayoutRow& row);
   void placeField(ControlView* view, const LayoutRow& row);
   void placeTool(const LayoutRow& row, ControlView* view);
+  void callByKeys(ControlView* view, std::string_view keys);
   void placeTile(ControlView* view);
   void placeFoot(ControlView* view);
   void placeLeftovers();
@@ -76,6 +78,7 @@ class Builder {
   QVBoxLayout* outer_;
   QTabWidget* tabs_ = nullptr;
   FlowLayout* tools_ = nullptr;
+  int toolLines_ = 0;
   QHBoxLayout* foot_ = nullptr;
   ColumnsLayout* columns_ = nullptr;
   QVBoxLayout* column_ = nullptr;
@@ -226,6 +229,9 @@ void Builder::place(const LayoutRow& row) {
       return startGroup(row.caption);
     case LayoutRow::Kind::ToolGap:
       return placeTool(row, nullptr);
+    case LayoutRow::Kind::ToolLine:
+      tools_ = nullptr;
+      return;
     default:
       break;
   }
@@ -256,7 +262,7 @@ void Builder::placeTool(const LayoutRow& row, ControlView* view) {
   if (!tools_) {
     auto* bar = new QWidget(central_);
     tools_ = new FlowLayout(bar);
-    outer_->insertWidget(0, bar);
+    outer_->insertWidget(toolLines_++, bar);
   }
   if (row.kind == LayoutRow::Kind::ToolGap) {
     auto* line = new QFrame(central_);
@@ -269,9 +275,21 @@ void Builder::placeTool(const LayoutRow& row, ControlView* view) {
       label->setContentsMargins(6, 0, 6, 0);
       label->setMinimumWidth(charactersWide(row.width));
       label->setAlignment(Qt::AlignCenter);
+    } else if (row.width > 0) {
+      constexpr int kFrame = 30;
+      view->widget()->setFixedWidth(charactersWide(row.width) + kFrame);
+      callByKeys(view, row.keys);
     }
     tools_->addWidget(view->widget());
   }
+}
+
+// A box among the tools is reached by its keys.
+void Builder::callByKeys(ControlView* view, std::string_view keys) {
+  if (keys.empty())
+    return;
+  auto* call = new QShortcut(QKeySequence(qtText(keys)), &window_);
+  QObject::connect(call, &QShortcut::activated, view->widget(), [view] { view->takeFocus(true); });
 }
 
 void Builder::placeTile(ControlView* view) {

@@ -28,6 +28,53 @@ void drawStrokes(QPainter& painter, std::initializer_list<Stroke> strokes) {
   painter.setBrush(Qt::NoBrush);
 }
 
+void drawLetter(QPainter& painter, const QString& letter, bool bold, bool italic, bool underline) {
+  QFont font(QStringLiteral("Liberation Serif"));
+  font.setPixelSize(15);
+  font.setBold(bold);
+  font.setItalic(italic);
+  font.setUnderline(underline);
+  painter.setFont(font);
+  painter.drawText(QRectF(0, 0, 16, 16), Qt::AlignCenter, letter);
+}
+
+// Four lines of a paragraph, the second and fourth one shorter.
+void drawParagraph(QPainter& painter, double left, double right) {
+  for (const double y : {3.5, 6.5, 9.5, 12.5}) {
+    const bool shorter = y == 6.5 || y == 12.5;
+    painter.drawLine(QPointF(shorter ? left : 2, y), QPointF(shorter ? right : 14, y));
+  }
+}
+
+void drawWritingGlyph(QPainter& painter, Glyph glyph) {
+  switch (glyph) {
+    case Glyph::Cut:
+      drawStrokes(painter, {{{{4, 2.5}, {10.2, 10.4}}}, {{{12, 2.5}, {5.8, 10.4}}}});
+      painter.drawEllipse(QPointF(4.6, 12), 2, 2);
+      painter.drawEllipse(QPointF(11.4, 12), 2, 2);
+      break;
+    case Glyph::Copy:
+      drawStrokes(painter, {{{{6, 5}, {13, 5}, {13, 14}, {6, 14}, {6, 5}}}, {{{3, 11}, {3, 2}, {10, 2}}}});
+      break;
+    case Glyph::Bold:
+      return drawLetter(painter, QStringLiteral("B"), true, false, false);
+    case Glyph::Italic:
+      return drawLetter(painter, QStringLiteral("I"), false, true, false);
+    case Glyph::Underline:
+      return drawLetter(painter, QStringLiteral("U"), false, false, true);
+    case Glyph::AlignLeft:
+      return drawParagraph(painter, 2, 9);
+    case Glyph::AlignCenter:
+      return drawParagraph(painter, 4.5, 11.5);
+    case Glyph::AlignRight:
+      return drawParagraph(painter, 7, 14);
+    case Glyph::Justify:
+      return drawParagraph(painter, 2, 14);
+    default:
+      break;
+  }
+}
+
 void drawRecordGlyph(QPainter& painter, Glyph glyph) {
   switch (glyph) {
     case Glyph::New:
@@ -44,7 +91,12 @@ void drawRecordGlyph(QPainter& painter, Glyph glyph) {
     case Glyph::Save:
       drawStrokes(painter, {{{{2.5, 8.5}, {6.5, 12.5}, {13.5, 4}}}});
       break;
+    case Glyph::Redo:
+      drawStrokes(painter,
+                  {{{{10, 3}, {13.5, 6.5}, {10, 10}}}, {{{13.5, 6.5}, {5.5, 6.5}, {3, 9}, {5.5, 12.5}, {8, 12.5}}}});
+      break;
     case Glyph::Cancel:
+    case Glyph::Undo:
       drawStrokes(painter,
                   {{{{6, 3}, {2.5, 6.5}, {6, 10}}}, {{{2.5, 6.5}, {10.5, 6.5}, {13, 9}, {10.5, 12.5}, {8, 12.5}}}});
       break;
@@ -61,7 +113,7 @@ void drawRecordGlyph(QPainter& painter, Glyph glyph) {
       drawStrokes(painter, {{{{12.5, 3}, {12.5, 13}}}, {{{3.5, 3}, {10, 8}, {3.5, 13}}, true}});
       break;
     default:
-      break;
+      drawWritingGlyph(painter, glyph);
   }
 }
 
@@ -126,7 +178,12 @@ void drawGlyph(QPainter& painter, Glyph glyph) {
                             {{{4, 6.6}, {4, 13.5}, {12, 13.5}, {12, 6.6}}},
                             {{{6.8, 13.5}, {6.8, 9.6}, {9.2, 9.6}, {9.2, 13.5}}}});
       break;
+    case Glyph::Open:
+      drawStrokes(painter, {{{{2, 13}, {2, 3.5}, {6, 3.5}, {7.5, 5.5}, {13, 5.5}, {13, 7.5}}},
+                            {{{2, 13}, {4.5, 7.5}, {15, 7.5}, {12.5, 13}, {2, 13}}}});
+      break;
     case Glyph::Clipboard:
+    case Glyph::Paste:
       drawStrokes(painter, {{{{6, 3.2}, {3.5, 3.2}, {3.5, 14}, {12.5, 14}, {12.5, 3.2}, {10, 3.2}}},
                             {{{6, 2}, {10, 2}, {10, 4.6}, {6, 4.6}, {6, 2}}},
                             {{{5.6, 9.4}, {7.2, 11}, {10.4, 7.4}}}});

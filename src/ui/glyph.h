@@ -33,7 +33,20 @@ enum class Glyph {
   Flame,
   Calendar,
   Coin,
-  Document
+  Document,
+  Open,
+  Undo,  ///< from here on those of a text that is being written
+  Redo,
+  Cut,
+  Copy,
+  Paste,
+  Bold,
+  Italic,
+  Underline,
+  AlignLeft,
+  AlignCenter,
+  AlignRight,
+  Justify
 };
 
 /// An icon of the text's colour.

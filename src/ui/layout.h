@@ -15,7 +15,7 @@ namespace zelvo {
 /// One line of a layout table. A table is read from top to bottom, each row placing one control or opening a part of
 /// the window; the window's own order is toolbar, heading, what stands above the pages, the pages, the foot.
 struct LayoutRow {
-  enum class Kind { Tool, ToolGap, Heading, Page, Column, Group, Field, Beside, Tile, Picture, Bar, Foot };
+  enum class Kind { Tool, ToolGap, ToolLine, Heading, Page, Column, Group, Field, Beside, Tile, Picture, Bar, Foot };
   Kind kind;
   std::string_view control;  ///< "Text1(18)"
   std::string_view caption;  ///< what stands before a field, with its access key ("&Owner"), or over a group
@@ -55,6 +55,14 @@ constexpr LayoutRow toolText(std::string_view id, int width) {
 /// A line between groups of tools.
 constexpr LayoutRow toolGap() {
   return {LayoutRow::Kind::ToolGap, {}, {}};
+}
+/// The tools behind it stand on a line of their own.
+constexpr LayoutRow toolLine() {
+  return {LayoutRow::Kind::ToolLine, {}, {}};
+}
+/// A box among the tools, so many characters wide; a label before it says what it is.
+constexpr LayoutRow toolBox(std::string_view id, int width, std::string_view keys = {}) {
+  return {LayoutRow::Kind::Tool, id, {}, width, 1, Glyph::None, 0, keys};
 }
 /// A label in large letters.
 constexpr LayoutRow heading(std::string_view id) {

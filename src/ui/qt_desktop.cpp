@@ -4,9 +4,11 @@
 #include <QClipboard>
 #include <QDir>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
+#include <memory>
 
 #include "base/files.h"
 #include "ui/associations.h"
@@ -16,6 +18,9 @@
 namespace zelvo {
 
 namespace {
+
+constexpr char kRichText[] = "text/rtf";
+constexpr char kOldRichText[] = "text/richtext";
 
 // The tool speaks to displays of the X kind alone.
 QString displayTool() {
@@ -62,8 +67,23 @@ std::string QtDesktop::clipboard() {
   return QGuiApplication::clipboard()->text().toStdString();
 }
 
-void QtDesktop::setClipboard(std::string_view text) {
-  QGuiApplication::clipboard()->setText(qtText(text));
+// Word processors name the same thing in two ways.
+std::string QtDesktop::richClipboard() {
+  const QMimeData* copied = QGuiApplication::clipboard()->mimeData();
+  for (const char* kind : {kRichText, kOldRichText})
+    if (copied && copied->hasFormat(QLatin1String(kind)))
+      return copied->data(QLatin1String(kind)).toStdString();
+  return {};
+}
+
+void QtDesktop::setClipboard(std::string_view text, std::string_view richText) {
+  auto copied = std::make_unique<QMimeData>();
+  copied->setText(qtText(text));
+  const QByteArray rich(richText.data(), static_cast<qsizetype>(richText.size()));
+  for (const char* kind : {kRichText, kOldRichText})
+    if (!rich.isEmpty())
+      copied->setData(QLatin1String(kind), rich);
+  QGuiApplication::clipboard()->setMimeData(copied.release());
 }
 
 std::optional<std::string> QtDesktop::programFor(std::string_view path) {

@@ -51,7 +51,8 @@ class QtDesktop : public Desktop {
   Result<void> start(std::string_view commandLine) override;
   void activateWindow() override { face_.raiseAll(); }
   std::string clipboard() override;
-  void setClipboard(std::string_view text) override;
+  std::string richClipboard() override;
+  void setClipboard(std::string_view text, std::string_view richText) override;
 
  private:
   QtFace& face_;

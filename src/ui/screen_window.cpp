@@ -183,6 +183,11 @@ std::vector<std::string> ScreenWindow::offers(const TextBox& box) {
   return screen_ ? screen_->offersFor(box) : std::vector<std::string>();
 }
 
+void ScreenWindow::changes(Control& control, const std::function<void()>& change) {
+  complaint_.clear();
+  act([&] { static_cast<void>(screen_->userChanges(control, change)); });
+}
+
 // Pressing a button by its access key moves the focus there as a click does, so that the box left behind is told first.
 void ScreenWindow::clicks(Control& control) {
   if (!screen_)

@@ -56,6 +56,7 @@ class ScreenWindow : public QMainWindow, private UserActions {
  private:
   void sets(Control& control, const std::string& value) override;
   std::vector<std::string> offers(const TextBox& box) override;
+  void changes(Control& control, const std::function<void()>& change) override;
   void clicks(Control& control) override;
   void leaves(Control& control) override;
   void chooses(ListView& list, std::size_t row) override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ class UserActions {
   virtual void sets(Control& control, const std::string& value) = 0;
   /// What may be offered for what stands in a box now.
   virtual std::vector<std::string> offers(const TextBox& box) = 0;
+  /// A change that is more than a value.
+  virtual void changes(Control& control, const std::function<void()>& change) = 0;
   virtual void clicks(Control& control) = 0;
   /// The focus left it; the screen hears of it when the user had changed it.
   virtual void leaves(Control& control) = 0;

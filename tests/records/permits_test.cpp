@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "documents/editor/editor.h"
 #include "permit_office.h"
 
 namespace zelvo::testing {
@@ -431,6 +432,40 @@ TEST_F(PermitOffice, PrintedPermitHoldsTheValuesInTheTemplatesOwnFormat) {
   EXPECT_NE(letter.find("\\b Permit 26-1"), std::string::npos) << letter;
   EXPECT_NE(letter.find("O'Brien \\{Zo\\u235?\\}, 999.5-3-45"), std::string::npos) << letter;
   EXPECT_EQ(at.statusLines.at(at.statusLines.size() - 2), "Printing to default printer...");
+}
+
+TEST_F(PermitOffice, ALetterIsSeenChangedPrintedAndKeptWithItsPermit) {
+  at.screens.learn("Editor", [](Desk& desk) { return std::make_unique<Editor>(desk); });
+  at.session.formsFolder = folder.file("forms");
+  ASSERT_TRUE(replaceFile(folder.file("forms/pnotice.rtf"), "{\\rtf1 Permit %01\\par}").ok());
+  at.temporary = folder.path();
+  addOther("26-1");
+  APermits& permits = open();
+  at.when("PrintFrm", [&](Screen& options) {
+    at.set(options, "Combo1", "Permit Notice");
+    at.set(options, "Check1", "1");
+    at.set(options, "Check4", "1");
+    at.click(options, "cmdPrint");
+  });
+  at.click(permits, "iPrint");
+  EXPECT_TRUE(at.printed.empty());
+  auto& editor = dynamic_cast<Editor&>(*at.screens.front());
+  EXPECT_EQ(editor.caption, "Permit Notice - Editor");
+  at.set(editor, "RichTextBox1", "Permit 26-1 is ready");
+  at.click(editor, "cmdPrint");
+  at.click(editor, "cmdQuit");
+  ASSERT_EQ(at.printed.size(), 1u);
+  EXPECT_NE(readBytes(folder.file("tmp.rtf"))->find("Permit 26-1 is ready"), std::string::npos);
+  EXPECT_EQ(readBytes(path("docs/0126-1~1.pdf")).valueOr("not kept"), "pages of Permit Notice");
+
+  at.when("PrintFrm", [&](Screen& options) {
+    EXPECT_EQ(at.shown(options, "Check4"), "1") << "as it was asked for last";
+    at.set(options, "Check1", "0");
+    at.click(options, "cmdPrint");
+  });
+  at.click(permits, "iPrint");
+  EXPECT_TRUE(FileExists(path("docs/0126-1~2.pdf")));
+  EXPECT_EQ(at.shown(permits, "ListView2"), "2 rows, 1 columns") << "and they are there to be opened";
 }
 
 TEST_F(PermitOffice, MissingTemplateIsNamedWithItsFolder) {

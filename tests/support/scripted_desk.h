@@ -61,10 +61,11 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
   std::optional<std::string> browser = "/bin/true";
   std::vector<PrintJob> printed;
   Result<void> printerSays;
+  int pages = 3;                        ///< of whatever is looked at before it is printed
   std::optional<int> chosenCopies = 1;  ///< in the printer dialog; nothing: it is cancelled
   std::vector<std::string> started;
   std::vector<std::string> statusLines;
-  std::vector<std::string> came;  ///< names of the screens as they came to the front
+  std::vector<std::string> came;    ///< names of the screens as they came to the front
   std::function<void()> meanwhile;  ///< what the user does while long work listens
   double paused = 0;
   bool displaySwitched = false;
@@ -116,6 +117,9 @@ class ScriptedDesk : private Messages, private Pickers, private Printing, privat
     options.copies = chosenCopies.value_or(options.copies);
     return chosenCopies.has_value();
   }
+
+  Result<PrintedCopy> copyOf(const PrintJob& job) override { return PrintedCopy{"pages of " + job.title, ".pdf"}; }
+  Result<int> countPages(const PrintJob&) override { return pages; }
 
   std::optional<std::string> networkUser() override { return user; }
   std::string temporaryFolder() override { return temporary; }

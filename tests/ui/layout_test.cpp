@@ -58,6 +58,7 @@ TEST_F(LayoutTest, DisagreementsAreNamed) {
 struct Nobody : UserActions {
   std::vector<std::string> offers(const TextBox&) override { return {}; }
   void sets(Control&, const std::string&) override {}
+  void changes(Control&, const std::function<void()>&) override {}
   void clicks(Control&) override {}
   void leaves(Control&) override {}
   void chooses(ListView&, std::size_t) override {}

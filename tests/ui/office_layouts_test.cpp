@@ -10,6 +10,7 @@
 #include "data/connection.h"
 #include "data/lookup/sync_sbl.h"
 #include "data/no_dbfound.h"
+#include "documents/preview/pages_frm.h"
 #include "documents/print_frm.h"
 #include "documents/reports/report_frm.h"
 #include "records/columns_frm.h"
@@ -87,6 +88,10 @@ TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
   check(options);
   ReportFrm period(at.desk, "Monthly permits");
   check(period);
+  PagesFrm pages(at.desk, {{"Building Permit", folder.file("tmp.rtf"), {}}, {}});
+  check(pages);
+  for (const char* name : {"Editor", "HeaderFrm"})
+    check(*at.screens.open(name));
 }
 
 TEST_F(OfficeLayouts, PlaceTheParcelsToo) {

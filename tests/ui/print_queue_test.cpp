@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "base/files.h"
+#include "documents/letter.h"
 #include "sample_screen.h"
 
 namespace zelvo::testing {
@@ -51,16 +53,33 @@ class PrintQueueTest : public WindowTest {
   QProcess scheduler;
 };
 
-TEST_F(PrintQueueTest, ADocumentArrivesAsItWasMadeAndARefusalIsHeardOf) {
-  const std::string letter = folder.filePath("tmp.rtf").toStdString();
-  ASSERT_TRUE(replaceFile(letter, "{\\rtf1 Building permit 26-1}"));
-  const PrintJob job{"Building Permit", letter, {}};
-  const auto printed = house.printing.print(job);
+TEST_F(PrintQueueTest, ALetterArrivesAsItWasMergedAndARefusalIsHeardOf) {
+  const std::string office = folder.path().toStdString();
+  session.programFolder = session.formsFolder = office;
+  ASSERT_TRUE(replaceFile(office + "/notice.rtf",
+                          "{\\rtf1{\\fonttbl{\\f0 Courier New;}}\\margl1440\\f0\\fs20 Permit %01 %nm\\par}"));
+  LetterPrinter letters(house.desk);
+  letters.context.values[1] = "26-1";
+  letters.context.name = "O'Brien";
+  const auto printed = letters.print("notice.rtf", "Permit Notice");
   ASSERT_TRUE(printed.ok()) << printed.error().message;
-  const auto arrived = readBytes(folder.filePath("spool/d00001-001").toStdString());
-  ASSERT_TRUE(arrived.ok()) << "nothing arrived in the queue";
-  EXPECT_TRUE(arrived->starts_with("%PDF"));
+  const QString arrived = folder.filePath("spool/d00001-001");
+  QProcess reader;
+  reader.start("pdftotext", {"-bbox", arrived, "-"});
+  ASSERT_TRUE(reader.waitForFinished()) << "pdftotext is not installed";
+  const QString boxes = reader.readAllStandardOutput();
+  const QRegularExpression word("xMin=\"([0-9.]+)\"[^>]*>([^<]+)</word>");
+  QStringList words;
+  for (auto found = word.globalMatch(boxes); found.hasNext();) {
+    const auto next = found.next();
+    if (words.isEmpty()) {
+      EXPECT_NEAR(next.captured(1).toDouble(), 72, 0.2) << "the letter's own margin";
+    }
+    words.append(next.captured(2));
+  }
+  EXPECT_EQ(words.join(' ').replace("&#39;", "'").replace("&apos;", "'").toStdString(), "Permit 26-1 O'Brien");
 
+  const PrintJob job{"Permit Notice", office + "/tmp.rtf", {}};
   ASSERT_EQ(run("/usr/sbin/cupsreject", {"office"}), 0);
   const auto refused = house.printing.print(job);
   ASSERT_FALSE(refused.ok()) << "a job that the queue does not take must not vanish";

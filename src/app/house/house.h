@@ -18,6 +18,7 @@ class House {
   House& operator=(const House&) = delete;
 
  private:
+  void learnDocumentScreens(Screens& screens);
   void learnRecordScreens(Screens& screens);
 
   mdb parcels_;

@@ -38,6 +38,34 @@ void typePermit(Driver& clerk) {
   clerk.type("Combo1", "ONE FAMILY");
 }
 
+// The pages are looked at, the letterhead too, and the letter in the editor.
+void planLooks(Driver& clerk) {
+  clerk.inScreen("PrintFrm", [&clerk] {
+    clerk.pick("Combo1", "Building Permit");
+    clerk.press("cmdHeader");
+  });
+  clerk.inScreen("HeaderFrm", [&clerk] {
+    clerk.picture("report-header");
+    clerk.press("cmdCancel");
+  });
+  clerk.inScreen("PrintFrm", [&clerk] { clerk.press("cmdPreview"); });
+  clerk.inScreen("PagesFrm", [&clerk] {
+    clerk.picture("preview");
+    clerk.press("cmdClose");
+  });
+  clerk.inScreen("APermits", [&clerk] { clerk.press("iPrint"); });
+  clerk.inScreen("PrintFrm", [&clerk] {
+    clerk.press("Check1");
+    clerk.press("cmdPrint");
+  });
+  clerk.inScreen("Editor", [&clerk] {
+    clerk.picture("editor");
+    clerk.press("cmdQuit");
+  });
+  clerk.inScreen("APermits", [&clerk] { clerk.press("iPrint"); });
+  clerk.inScreen("PrintFrm", [&clerk] { clerk.press("Check1"); });
+}
+
 void planRoad(Driver& clerk, const QString& pdf) {
   clerk.inScreen("PswFrm", [&clerk] {
     clerk.type("Text1", "clerk");
@@ -63,6 +91,7 @@ void planRoad(Driver& clerk, const QString& pdf) {
     clerk.picture("list");
     clerk.press("iPrint");
   });
+  planLooks(clerk);
   clerk.inScreen("PrintFrm", [&clerk] {
     clerk.pick("Combo1", "Building Permit");
     clerk.press("Check3");

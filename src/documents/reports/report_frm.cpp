@@ -11,7 +11,7 @@ namespace zelvo {
 namespace {
 
 // In the order of ReportOutput.
-const std::vector<std::string> kOutputs = {"Print", "Save as rich text", "Save for a spreadsheet"};
+const std::vector<std::string> kOutputs = {"Print", "Preview", "Save as rich text", "Save for a spreadsheet"};
 constexpr int kCentury = 2000;
 constexpr int kFirstYear = 1900, kLastYear = 2299;
 

@@ -10,16 +10,6 @@ namespace zelvo {
 
 namespace {
 
-constexpr std::string_view kForbidden = "\\/:*?\"<>|";
-
-std::string fileNameFor(std::string_view title, std::string_view extension) {
-  std::string name(trim(title));
-  for (char& letter : name)
-    if (kForbidden.find(letter) != std::string_view::npos)
-      letter = '-';
-  return name + std::string(extension);
-}
-
 // The office may have written its report header in any editor.
 std::string asRichText(std::string_view text) {
   if (text.empty() || isRichText(text))
@@ -42,7 +32,10 @@ void ReportPrinter::tellEmpty() {
 }
 
 Result<void> ReportPrinter::run(const ReportKind& kind, std::string_view title, ReportRows& rows, ReportOutput output) {
-  return output == ReportOutput::Printer ? print(kind, title, rows) : save(kind, title, rows, output);
+  if (output == ReportOutput::Preview)
+    desk_.session.print.preview = true;
+  const bool onPaper = output == ReportOutput::Printer || output == ReportOutput::Preview;
+  return onPaper ? print(kind, title, rows) : save(kind, title, rows, output);
 }
 
 Result<void> ReportPrinter::print(const ReportKind& kind, std::string_view title, ReportRows& rows) {
@@ -57,7 +50,7 @@ Result<void> ReportPrinter::print(const ReportKind& kind, std::string_view title
   const std::string path = joinPath(desk_.session.programFolder, "\\tmp.rtf");
   if (const auto written = replaceFile(path, report.text); !written)
     return written;
-  return desk_.printing.print({std::string(title), path, desk_.session.print});
+  return deliver(desk_, {{std::string(title), path, desk_.session.print}, {}});
 }
 
 Result<void> ReportPrinter::save(const ReportKind& kind, std::string_view title, ReportRows& rows,

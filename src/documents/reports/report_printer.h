@@ -9,7 +9,7 @@
 namespace zelvo {
 
 /// Where a listing goes.
-enum class ReportOutput { Printer, RichText, Spreadsheet };
+enum class ReportOutput { Printer, Preview, RichText, Spreadsheet };
 
 /// Brings a listing to where the user wants it: to the printer through "\tmp.rtf" of the program folder, or into a file
 /// that the user names. A listing without rows is said to be empty and goes nowhere.

@@ -68,12 +68,13 @@ void fillContext(const Recordset& permit, mdb& parcels, const Session& session, 
 }  // namespace
 
 void APermits::iPrint_Click() {
-  PrintFrm options(desk, "Print Permit " + key(), documentNames(desk.session));
+  PrintFrm options(desk, "Print Permit " + key(), documentNames(desk.session), PrintFrom::Record);
   desk.screens.showModal(options);
   if (!options.accepted() || desk.ended())
     return;
   const std::string& type = desk.session.print.type;
   const auto printed = type == kMonthlyPermits ? listMonthlyPermits(desk, parcels(), letters_) : doprint(type);
+  showAttachments();
   if (!printed)
     desk.messages.tell(" " + caption, printed.error().message, Icon::Critical);
 }
@@ -81,7 +82,7 @@ void APermits::iPrint_Click() {
 Result<void> APermits::doprint(std::string_view document) {
   fillContext(records(), parcels(), desk.session, letters_.context);
   showStatus("Printing to default printer...");
-  auto printed = letters_.print(letterOf(document), document);
+  auto printed = letters_.print(letterOf(document), document, keeper());
   showStatus("");
   return printed;
 }

@@ -54,7 +54,7 @@ void PrefFrm::bind() {
     onClick(this->*seed.computerDecides,
             [this, &seed] { (this->*seed.box).enabled = !(this->*seed.computerDecides).checked; });
   onClick(TarnXPButton1, [this] {
-    if (!desk.screens.open("HeaderFrm"))
+    if (!desk.screens.showModal("HeaderFrm"))
       desk.messages.tell(kTitle, notOffered(TarnXPButton1.caption).message);
   });
   onClick(Command1, [this] { Command1_Click(); });

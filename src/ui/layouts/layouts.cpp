@@ -9,7 +9,8 @@ const Layout* layoutFor(std::string_view screen) {
       &kMenuFrmLayout,     &kProgressLayout,   &kRestoreLayout,    &kPrintFrmLayout,      &kLabelFrmLayout,
       &kReportFrmLayout,   &kAPermitsLayout,   &kKeyLookupLayout,  &kAddressLookupLayout, &kContactLookupLayout,
       &kRollLookupLayout,  &kParcelInfoLayout, &kParcelEditLayout, &kNoDbFoundLayout,     &kSyncParcelsLayout,
-      &kConflictFrmLayout, &kColumnsFrmLayout, &kNoteFrmLayout,    &kPrefFrmLayout,       &kEntryFrmLayout};
+      &kConflictFrmLayout, &kColumnsFrmLayout, &kNoteFrmLayout,    &kPrefFrmLayout,       &kEntryFrmLayout,
+      &kEditorLayout,      &kHeaderFrmLayout,  &kPagesFrmLayout};
   for (const Layout* layout : kLayouts)
     if (layout->screen == screen)
       return layout;

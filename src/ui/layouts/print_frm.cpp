@@ -12,6 +12,7 @@ constexpr LayoutRow kPrintFrmRows[] = {
     field("Check1"),
     field("Check2"),
     field("Check3"),
+    field("Check4"),
     group("Page"),
     field("Label2"),
     beside("Text1", {}, 6),
@@ -23,6 +24,9 @@ constexpr LayoutRow kPrintFrmRows[] = {
     beside("Text4", {}, 6),
     field("Label6"),
     beside("Combo2", {}, 6),
+    group(),
+    field("cmdHeader"),
+    foot("cmdPreview", Glyph::Document),
     foot("cmdPrint", Glyph::Print),
     foot("cmdCancel"),
 };

@@ -26,14 +26,6 @@ QString shownName(const Printer& printer) {
   return QString::fromStdString(printer.accepting ? name : name + " (takes no jobs now)");
 }
 
-// A title as a file name: without what file systems keep for themselves.
-std::string fileNameFor(std::string title) {
-  for (char& letter : title)
-    if (std::string_view("\\/:*?\"<>|").find(letter) != std::string_view::npos)
-      letter = '-';
-  return std::string(trim(title)) + ".pdf";
-}
-
 // Where the user's documents lie; the program folder is no place for them.
 std::string userDocuments() {
   return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
@@ -44,11 +36,32 @@ std::string userDocuments() {
 QtPrinting::QtPrinting(QtFace& face, Messages& messages, Pickers& pickers, std::string_view temporaryFolder)
     : face_(face), messages_(messages), pickers_(pickers), temporaryFolder_(temporaryFolder) {}
 
-Result<std::string> QtPrinting::pdfOfJob(const PrintJob& job) const {
+Result<PagedDocument> pagesOfJob(const PrintJob& job, const FontMeasure& fonts) {
   const auto rtf = readBytes(job.rtfPath);
   if (!rtf)
     return rtf.error();
-  return pdfOf(layOutPages(readDocument(*rtf), job.options, fonts_), job.title);
+  return layOutPages(readDocument(*rtf), job.options, fonts);
+}
+
+Result<std::string> QtPrinting::pdfOfJob(const PrintJob& job) const {
+  const auto pages = pagesOfJob(job, fonts_);
+  if (!pages)
+    return pages.error();
+  return pdfOf(*pages, job.title);
+}
+
+Result<PrintedCopy> QtPrinting::copyOf(const PrintJob& job) {
+  const auto pdf = pdfOfJob(job);
+  if (!pdf)
+    return pdf.error();
+  return PrintedCopy{*pdf, ".pdf"};
+}
+
+Result<int> QtPrinting::countPages(const PrintJob& job) {
+  const auto pages = pagesOfJob(job, fonts_);
+  if (!pages)
+    return pages.error();
+  return static_cast<int>(pages->pages.size());
 }
 
 Result<void> QtPrinting::print(const PrintJob& job) {
@@ -69,7 +82,7 @@ Result<void> QtPrinting::print(const PrintJob& job) {
 
 Result<void> QtPrinting::savePdf(const PrintJob& job, const std::string& pdf) {
   const auto path =
-      pickers_.saveFile({"Save as PDF", "PDF files (*.pdf)|*.pdf", userDocuments()}, fileNameFor(job.title));
+      pickers_.saveFile({"Save as PDF", "PDF files (*.pdf)|*.pdf", userDocuments()}, fileNameFor(job.title, ".pdf"));
   if (!path)
     return Error{Trouble::Cancelled, "\"" + job.title + "\" was not printed and not saved."};
   return replaceFile(*path, pdf);

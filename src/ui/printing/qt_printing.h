@@ -6,6 +6,9 @@
 
 namespace zelvo {
 
+/// The pages of a job, as they are previewed, kept and printed.
+Result<PagedDocument> pagesOfJob(const PrintJob& job, const FontMeasure& fonts);
+
 /// Prints letters and reports: lays the document onto pages, makes a PDF of them and hands it to the printer. Without a
 /// printer, or when the user prefers it, the PDF is saved where the user says.
 class QtPrinting : public Printing {
@@ -14,6 +17,8 @@ class QtPrinting : public Printing {
 
   Result<void> print(const PrintJob& job) override;
   bool choosePrinter(PrintOptions& options) override;
+  Result<PrintedCopy> copyOf(const PrintJob& job) override;
+  Result<int> countPages(const PrintJob& job) override;
 
   /// The document of a job as a PDF.
   Result<std::string> pdfOfJob(const PrintJob& job) const;

@@ -1,0 +1,323 @@
+#include "ui/writing/letter_text.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextOption>
+#include <QTextTable>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+#include "ui/qt_text.h"
+#include "ui/writing/text_formats.h"
+
+namespace zelvo {
+
+namespace {
+
+// What a part of the text stands for, and its number among those of its kind.
+constexpr int kParagraph = QTextFormat::UserProperty + 1;
+constexpr int kSpacer = QTextFormat::UserProperty + 2;  // a line that the widget needs before and behind a table
+constexpr int kRow = QTextFormat::UserProperty + 3;
+constexpr int kKind = QTextFormat::UserProperty + 4;
+constexpr int kIndex = QTextFormat::UserProperty + 5;
+
+// A sign of the text that is no letter.
+enum Sign { kPicture = 1, kLive, kPageBreak, kSectionBreak };
+
+constexpr QChar kSign = QChar::ObjectReplacementCharacter;
+
+bool isBreak(int kind) {
+  return kind == kPageBreak || kind == kSectionBreak;
+}
+
+// Line breaks inside a paragraph have a sign of their own in the widget.
+QString shownText(const std::string& text) {
+  return QString::fromStdString(text).replace(QLatin1Char('\n'), QChar(QChar::LineSeparator));
+}
+
+std::string readText(QString text) {
+  return text.replace(QChar(QChar::LineSeparator), QLatin1Char('\n')).toStdString();
+}
+
+QImage noteImage(const QString& note, int width) {
+  constexpr int kHeight = 14;
+  QImage image(width, kHeight, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  QFont font;
+  font.setPixelSize(kHeight - 3);
+  painter.setFont(font);
+  painter.setPen(QPen(QColor(0x70, 0x78, 0x82), 1, Qt::DashLine));
+  const int words = painter.fontMetrics().horizontalAdvance(note) + 12;
+  if (words < width) {
+    painter.drawLine(0, kHeight / 2, (width - words) / 2, kHeight / 2);
+    painter.drawLine((width + words) / 2, kHeight / 2, width, kHeight / 2);
+  }
+  painter.drawText(image.rect(), Qt::AlignCenter, note);
+  return image;
+}
+
+QImage imageOf(const Picture& picture) {
+  const QImage whole =
+      QImage::fromData(reinterpret_cast<const uchar*>(picture.bytes.data()), static_cast<int>(picture.bytes.size()));
+  const double width = whole.width();
+  const double height = whole.height();
+  return whole.copy(qRound(width * picture.cropLeft), qRound(height * picture.cropTop),
+                    qRound(width * (1 - picture.cropLeft - picture.cropRight)),
+                    qRound(height * (1 - picture.cropTop - picture.cropBottom)));
+}
+
+// A sign that shows a picture. The same picture twice is two of them.
+void insertSign(QTextCursor& cursor, QTextCharFormat letters, std::pair<int, std::size_t> sign, const QImage& image,
+                QSizeF size) {
+  const QString name = QStringLiteral("letter/%1/%2").arg(sign.first).arg(sign.second);
+  cursor.document()->addResource(QTextDocument::ImageResource, QUrl(name), image);
+  QTextImageFormat format;
+  format.merge(letters);
+  format.setName(name);
+  format.setWidth(size.width());
+  format.setHeight(size.height());
+  format.setProperty(kKind, sign.first);
+  format.setProperty(kIndex, static_cast<int>(sign.second));
+  cursor.insertImage(format);
+}
+
+// The letters and signs of a block, in order.
+template <class Visit>
+void eachPiece(const QTextBlock& block, const Visit& visit) {
+  for (auto part = block.begin(); !part.atEnd(); ++part) {
+    const QTextFragment fragment = part.fragment();
+    const QString text = fragment.text();
+    const int kind = fragment.charFormat().intProperty(kKind);
+    qsizetype from = 0;
+    for (qsizetype at = 0; at <= text.size(); ++at) {
+      const bool sign = at < text.size() && text[at] == kSign && kind != 0;
+      if (at < text.size() && !sign)
+        continue;
+      if (at > from)
+        visit(fragment.charFormat(), text.mid(from, at - from), 0);
+      if (sign)
+        visit(fragment.charFormat(), text.mid(at, 1), kind);
+      from = at + 1;
+    }
+  }
+}
+
+// Whether a block is a paragraph of the letter: not a spacer, not a break that stands alone.
+bool isParagraph(const QTextBlock& block) {
+  bool letters = false;
+  bool breaks = false;
+  eachPiece(block,
+            [&](const QTextCharFormat&, const QString&, int kind) { (isBreak(kind) ? breaks : letters) = true; });
+  return letters || !(breaks || block.blockFormat().hasProperty(kSpacer));
+}
+
+}  // namespace
+
+void LetterText::show(const Document& letter, QTextDocument& text) {
+  frame_ = letter;
+  frame_.body.clear();
+  styles_.clear();
+  rows_.clear();
+  sections_.clear();
+  pictures_.clear();
+  fresh_ = true;
+  text.clear();
+  text.setUndoRedoEnabled(false);
+  QTextOption tabs = text.defaultTextOption();
+  tabs.setTabStopDistance(pixelsOf(letter.defaultTab));
+  text.setDefaultTextOption(tabs);
+  QTextCursor cursor(&text);
+  cursor.beginEditBlock();
+  for (const Block& block : letter.body)
+    showBlock(cursor, block);
+  if (fresh_) {
+    QTextBlockFormat spacer;
+    spacer.setProperty(kSpacer, true);
+    cursor.setBlockFormat(spacer);
+  }
+  cursor.endEditBlock();
+}
+
+void LetterText::showBlock(QTextCursor& cursor, const Block& block) {
+  if (const auto* paragraph = std::get_if<Paragraph>(&block))
+    showParagraph(cursor, *paragraph);
+  else if (const auto* row = std::get_if<TableRow>(&block))
+    showRow(cursor, *row);
+  else if (const auto* section = std::get_if<SectionBreak>(&block)) {
+    sections_.push_back(*section);
+    showBreak(cursor, kSectionBreak, sections_.size() - 1);
+  } else {
+    showBreak(cursor, kPageBreak, 0);
+  }
+}
+
+void LetterText::startBlock(QTextCursor& cursor, const QTextBlockFormat& format, const QTextCharFormat& letters) {
+  if (!std::exchange(fresh_, false))
+    return cursor.insertBlock(format, letters);
+  cursor.setBlockFormat(format);
+  cursor.setBlockCharFormat(letters);
+}
+
+void LetterText::showParagraph(QTextCursor& cursor, const Paragraph& paragraph) {
+  styles_.push_back(paragraph.style);
+  QTextBlockFormat format = formatOf(paragraph.style);
+  format.setProperty(kParagraph, static_cast<int>(styles_.size() - 1));
+  startBlock(cursor, format, formatOf(paragraph.end));
+  for (const Run& run : paragraph.runs)
+    showRun(cursor, run);
+}
+
+void LetterText::showRun(QTextCursor& cursor, const Run& run) {
+  const QTextCharFormat letters = formatOf(run.style);
+  if (run.picture) {
+    pictures_.push_back(run.picture);
+    insertSign(cursor, letters, {kPicture, pictures_.size() - 1}, imageOf(*run.picture),
+               QSizeF(pixelsOf(run.picture->width), pixelsOf(run.picture->height)));
+  } else if (run.live != LiveField::None) {
+    const QString shown = run.live == LiveField::PageNumber ? QStringLiteral("page") : QStringLiteral("pages");
+    const QImage image = noteImage(shown, 40);
+    insertSign(cursor, letters, {kLive, static_cast<std::size_t>(run.live)}, image, image.size());
+  } else {
+    cursor.insertText(shownText(run.text), letters);
+  }
+}
+
+void LetterText::showBreak(QTextCursor& cursor, int kind, std::size_t index) {
+  startBlock(cursor, {}, {});
+  const QImage image = noteImage(kind == kPageBreak ? QStringLiteral("page break") : QStringLiteral("section break"),
+                                 std::max(100, lineWidth() - 40));
+  insertSign(cursor, {}, {kind, index}, image, image.size());
+}
+
+// Every row is a table of its own: rows of one letter may have their edges anywhere.
+void LetterText::showRow(QTextCursor& cursor, const TableRow& row) {
+  if (row.cells.empty())
+    return;
+  QTextBlockFormat spacer;
+  spacer.setProperty(kSpacer, true);
+  startBlock(cursor, spacer, {});
+  rows_.push_back(row);
+  for (Cell& cell : rows_.back().cells)
+    cell.paragraphs.clear();
+  QTextTableFormat format = formatOf(row);
+  format.setProperty(kRow, static_cast<int>(rows_.size() - 1));
+  QTextTable* table = cursor.insertTable(1, static_cast<int>(row.cells.size()), format);
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    QTextTableCell place = table->cellAt(0, static_cast<int>(i));
+    place.setFormat(formatOf(row.cells[i], row.padding));
+    QTextCursor inside = place.firstCursorPosition();
+    fresh_ = true;
+    for (const Paragraph& paragraph : row.cells[i].paragraphs)
+      showParagraph(inside, paragraph);
+  }
+  cursor.setPosition(table->lastPosition() + 1);
+  fresh_ = true;
+}
+
+Document LetterText::read(const QTextDocument& text) const {
+  Document letter = frame_;
+  for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
+    if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
+      letter.body.push_back(readRow(*table));
+    else if (part.currentBlock().isValid())
+      readBlock(part.currentBlock(), letter.body);
+  }
+  return letter;
+}
+
+void LetterText::readBlock(const QTextBlock& block, std::vector<Block>& body) const {
+  eachPiece(block, [&](const QTextCharFormat& format, const QString&, int kind) {
+    if (kind == kPageBreak)
+      body.push_back(PageBreak{});
+    else if (kind == kSectionBreak)
+      body.push_back(sections_.at(static_cast<std::size_t>(format.intProperty(kIndex))));
+  });
+  if (isParagraph(block))
+    body.push_back(readParagraph(block));
+}
+
+Paragraph LetterText::readParagraph(const QTextBlock& block) const {
+  Paragraph paragraph;
+  const QTextBlockFormat format = block.blockFormat();
+  if (format.hasProperty(kParagraph))
+    paragraph.style = styles_.at(static_cast<std::size_t>(format.intProperty(kParagraph)));
+  paragraph.style.alignment = alignmentOf(format);
+  paragraph.end = styleOf(block.charFormat());
+  eachPiece(block, [&](const QTextCharFormat& letters, const QString& text, int kind) {
+    if (isBreak(kind))
+      return;
+    Run run{styleOf(letters), kind == 0 ? readText(text) : std::string(), LiveField::None, nullptr};
+    if (kind == kPicture)
+      run.picture = pictures_.at(static_cast<std::size_t>(letters.intProperty(kIndex)));
+    else if (kind == kLive)
+      run.live = static_cast<LiveField>(letters.intProperty(kIndex));
+    paragraph.runs.push_back(std::move(run));
+  });
+  tidyRuns(paragraph.runs);
+  return paragraph;
+}
+
+TableRow LetterText::readRow(const QTextTable& table) const {
+  TableRow row = rows_.at(static_cast<std::size_t>(table.format().intProperty(kRow)));
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    const QTextTableCell cell = table.cellAt(0, static_cast<int>(i));
+    for (auto part = cell.begin(); !part.atEnd(); ++part)
+      if (part.currentBlock().isValid())
+        row.cells[i].paragraphs.push_back(readParagraph(part.currentBlock()));
+  }
+  return row;
+}
+
+int LetterText::positionOf(const QTextDocument& text, TextPlace place) const {
+  std::size_t paragraph = 0;
+  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
+    if (!isParagraph(block))
+      continue;
+    if (paragraph++ < place.paragraph)
+      continue;
+    qsizetype inside = 0;
+    std::size_t left = place.offset;
+    eachPiece(block, [&](const QTextCharFormat&, const QString& piece, int kind) {
+      const std::size_t size = kind == 0 ? static_cast<std::size_t>(readText(piece).size()) : isBreak(kind) ? 0 : 1;
+      const std::size_t taken = std::min(left, size);
+      if (taken == size)
+        inside += piece.size();
+      else
+        inside += QString::fromUtf8(readText(piece).substr(0, taken).c_str()).size();
+      left -= taken;
+    });
+    return block.position() + static_cast<int>(place.offset == 0 ? 0 : inside);
+  }
+  return std::max(0, text.characterCount() - 1);
+}
+
+TextPlace LetterText::placeOf(const QTextDocument& text, int position) const {
+  const QTextBlock found = text.findBlock(position);
+  TextPlace place;
+  for (QTextBlock block = text.begin(); block.isValid() && block != found; block = block.next())
+    place.paragraph += isParagraph(block) ? 1 : 0;
+  if (!isParagraph(found))
+    return place;
+  qsizetype left = position - found.position();
+  eachPiece(found, [&](const QTextCharFormat&, const QString& piece, int kind) {
+    const QString before = piece.left(std::max<qsizetype>(0, left));
+    left -= piece.size();
+    if (!before.isEmpty())
+      place.offset += kind == 0 ? readText(before).size() : isBreak(kind) ? 0 : 1;
+  });
+  return place;
+}
+
+int LetterText::lineWidth() const {
+  constexpr int kPaper = 12240, kSide = 720, kNarrowest = 1440;
+  const PageSetup& page = frame_.page;
+  const int line = page.width.value_or(kPaper) - page.left.value_or(kSide) - page.right.value_or(kSide);
+  return static_cast<int>(pixelsOf(std::max(line, kNarrowest)));
+}
+
+}  // namespace zelvo

@@ -1,0 +1,162 @@
+#include "ui/writing/letter_text.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <filesystem>
+
+#include "base/files.h"
+#include "documents/document_reader.h"
+#include "documents/document_writer.h"
+#include "documents/editor/editor.h"
+#include "sample_screen.h"
+
+namespace zelvo::testing {
+namespace {
+
+/// A letter with all that an office's letters have, read back once, so that it is as files are.
+Document fullLetter() {
+  return readDocument(
+      "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Arial;}{\\f1 Courier New;}}{\\colortbl;\\red200\\green0\\blue0;}"
+      "\\paperw12240\\paperh15840\\margl1080\\margr1080{\\header Town\\tab \\chpgn\\par}{\\footer End\\par}"
+      "\\pard\\qc\\fs32\\b NOTICE\\b0\\par\\pard\\par"
+      "\\pard\\fi-360\\li720\\tqr\\tldot\\tx9000\\tqdec\\tx5000 1.\\tab \\f1\\cf1 caf\\'e9\\line \\u8212?\\tab "
+      "{\\super 2}{\\sub n}{\\strike gone}{\\caps all}\\par"
+      "\\trowd\\trgaph108\\trleft-108\\clbrdrt\\brdrs\\brdrw10\\cellx3000\\clvertalc\\cellx6000\\pard\\intbl one\\par "
+      "two\\cell\\qr 3\\cell\\row\\trowd\\trgaph108\\cellx4000\\pard\\intbl wide\\cell\\row"
+      "\\pard\\par\\trowd\\cellx2000\\pard\\intbl x\\cell\\row\\pard\\sl360\\slmult1\\sb120 Page "
+      "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} behind {\\pict\\pngblip\\picwgoal300\\pichgoal300 "
+      "89504e470d0a1a0a0000000d494844520000000100000001080000000"
+      "03a7e9b550000000a49444154789c63600000000200014821bc330000000049454e44ae426082}\\par"
+      "\\page\\pard last\\par\\sect\\sectd\\lndscpsxn\\pard turned\\par}");
+}
+
+std::vector<std::pair<std::string, Document>> letters() {
+  return {{"everything", fullLetter()},
+          {"nothing", readDocument("{\\rtf1}")},
+          {"a table alone", readDocument("{\\rtf1\\trowd\\cellx900\\pard\\intbl a\\cell\\row}")},
+          {"no end", readDocument("{\\rtf1 a\\par\\par b")}};
+}
+
+TEST(LetterText, ALetterComesBackFromTheEditorAsItWentIn) {
+  for (const auto& [why, letter] : letters()) {
+    QTextDocument text;
+    LetterText converter;
+    converter.show(letter, text);
+    EXPECT_TRUE(converter.read(text) == letter) << why << "\n"
+                                                << writeDocument(letter) << "\n"
+                                                << writeDocument(converter.read(text));
+  }
+}
+
+TEST(LetterText, TheLettersOfTheOfficeComeBackToo) {
+  QTextDocument text;
+  const std::filesystem::path project =
+      std::filesystem::path(ZELVO_TEST_DATA).parent_path().parent_path().parent_path();
+  const std::string forms = (project / "src/app/town/forms").string();
+  int seen = 0;
+  for (const std::string& name : listFiles(forms, "*.rtf")) {
+    const Document letter = readDocument(readBytes(joinPath(forms, name)).value());
+    LetterText converter;
+    converter.show(letter, text);
+    EXPECT_TRUE(converter.read(text) == letter) << name;
+    ++seen;
+  }
+  EXPECT_GT(seen, 5);
+}
+
+TEST(LetterText, EveryPlaceOfTheLetterIsOneOfTheText) {
+  const Document letter = fullLetter();
+  QTextDocument text;
+  LetterText converter;
+  converter.show(letter, text);
+  const auto all = paragraphsOf(letter);
+  for (std::size_t i = 0; i < all.size(); ++i)
+    for (const std::size_t offset : {std::size_t(0), lengthOf(*all[i]) / 2, lengthOf(*all[i])}) {
+      const TextPlace place{i, offset};
+      const TextPlace back = converter.placeOf(text, converter.positionOf(text, place));
+      EXPECT_LE(std::max(back.offset, offset) - std::min(back.offset, offset), 3u) << i << ", " << offset;
+      EXPECT_EQ(back.paragraph, i);
+    }
+}
+
+TEST(LetterText, WhatIsTypedTakesNothingElseAlong) {
+  QTextDocument text;
+  LetterText converter;
+  const Document letter = fullLetter();
+  converter.show(letter, text);
+  QTextCursor cursor(&text);
+  cursor.setPosition(converter.positionOf(text, {0, 6}));
+  cursor.insertText("S");
+  Document typed = converter.read(text);
+  EXPECT_TRUE(typed.header == letter.header);
+  auto& heading = std::get<Paragraph>(typed.body.front());
+  EXPECT_EQ(plainText(heading), "NOTICES");
+  EXPECT_EQ(heading.runs.size(), 1u) << "in the look of the word";
+  heading = std::get<Paragraph>(letter.body.front());
+  EXPECT_TRUE(typed == letter) << "all the rest is as it was";
+}
+
+/// The editor in its window, over the sample screen.
+class EditorWindow : public WindowTest {
+ protected:
+  EditorWindow() {
+    screens.learn("Editor", [](Desk& desk) { return std::make_unique<Editor>(desk); });
+    editor = static_cast<Editor*>(screens.open("Editor"));
+    window = house.face.windowOf(*editor);
+    screens.close(*screen);
+    settle();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == window; }, 2000));
+    EXPECT_TRUE(editor->text().load("{\\rtf1 Dear owner,\\par}").ok());
+    window->refresh();
+    paper = the<QTextEdit>("RichTextBox1");
+    paper->setFocus();
+  }
+
+  /// Presses a tool by its keys, which shows it pressed for a moment first.
+  bool tool(Qt::Key which, const std::function<bool()>& done) {
+    key(which, Qt::ControlModifier);
+    return QTest::qWaitFor(done, 2000);
+  }
+  bool isBold() { return lookOf(editor->text().document(), {{0, 12}, {0, 17}}).bold == true; }
+
+  Editor* editor = nullptr;
+  QTextEdit* paper = nullptr;
+};
+
+TEST_F(EditorWindow, KeysAndToolsWorkOnTheSameLetter) {
+  key(Qt::Key_End);
+  QTest::keyClicks(paper, " hello");
+  settle();
+  EXPECT_EQ(editor->text().shown(), "Dear owner, hello");
+  EXPECT_TRUE(editor->caption.find('*') != std::string::npos);
+  key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(editor->text().selection(), (TextRange{{0, 12}, {0, 17}}));
+  EXPECT_TRUE(tool(Qt::Key_B, [this] { return isBold(); }));
+  EXPECT_EQ(paper->textCursor().selectedText(), "hello") << "still selected";
+  EXPECT_EQ(window->focusWidget(), paper) << "and written on at once";
+  EXPECT_TRUE(tool(Qt::Key_X, [this] { return editor->text().shown() == "Dear owner, "; }));
+  EXPECT_TRUE(tool(Qt::Key_V, [this] { return editor->text().shown() == "Dear owner, hello"; }));
+  EXPECT_TRUE(isBold()) << "it came back as it was";
+  key(Qt::Key_Return);
+  QTest::keyClicks(paper, "x");
+  settle();
+  EXPECT_EQ(editor->text().shown(), "Dear owner, hello\nx");
+  while (editor->text().canUndo()) {
+    const std::uint64_t before = editor->text().revision();
+    ASSERT_TRUE(tool(Qt::Key_Z, [this, before] { return editor->text().revision() != before; }));
+  }
+  EXPECT_EQ(paper->toPlainText().toStdString(), "Dear owner,");
+  EXPECT_FALSE(editor->text().changed());
+  EXPECT_TRUE(tool(Qt::Key_I, [this] { return editor->text().typingStyle().has_value(); }));
+  QTest::keyClicks(paper, "Q");
+  settle();
+  EXPECT_EQ(lookOf(editor->text().document(), {{0, 11}, {0, 12}}).italic, true) << "chosen before it was typed";
+}
+
+}  // namespace
+}  // namespace zelvo::testing
