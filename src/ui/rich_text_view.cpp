@@ -70,7 +70,8 @@ class Paper : public QTextEdit {
 
  private:
   void center() {
-    const int beside = (width() - lineWrapColumnOrWidth() - verticalScrollBar()->sizeHint().width()) / 2;
+    const int taken = lineWrapColumnOrWidth() + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
+    const int beside = (width() - taken) / 2 - 1;
     setViewportMargins(std::max(0, beside), 0, std::max(0, beside), 0);
   }
 
