@@ -38,6 +38,9 @@ std::vector<std::pair<std::string, Document>> letters() {
   return {{"everything", fullLetter()},
           {"nothing", readDocument("{\\rtf1}")},
           {"a table alone", readDocument("{\\rtf1\\trowd\\cellx900\\pard\\intbl a\\cell\\row}")},
+          {"a table in a cell", readDocument("{\\rtf1\\trowd\\cellx5000\\pard\\intbl\\itap2 a\\nestcell b\\nestcell"
+                                             "{\\*\\nesttableprops\\trowd\\cellx1000\\cellx2000\\nestrow}"
+                                             "\\pard\\intbl\\itap1 c\\cell\\row\\pard end\\par}")},
           {"no end", readDocument("{\\rtf1 a\\par\\par b")}};
 }
 

@@ -61,10 +61,10 @@ void removeRange(Document& document, TextRange range) {
   const auto homes = homesOf(document);
   const Home& first = homes[range.from.paragraph];
   const Home& last = homes[range.to.paragraph];
-  if (first.cell != last.cell)
-    return emptyBetween(all, range);
   Paragraph& joined = *all[range.from.paragraph];
   const Paragraph& tail = *all[range.to.paragraph];
+  if (first.cell != last.cell || joined.row != tail.row || joined.cell != tail.cell)
+    return emptyBetween(all, range);
   std::vector<Run> runs = runsBetween(joined, 0, range.from.offset);
   std::ranges::move(runsBetween(tail, range.to.offset, lengthOf(tail)), std::back_inserter(runs));
   const TextStyle left = runs.empty() ? styleAt(joined, range.from.offset) : runs.back().style;
@@ -211,6 +211,10 @@ TextPlace replaceRange(Document& document, TextRange asked, const std::vector<Pa
   line.runs = runsBetween(line, 0, range.from.offset);
   std::ranges::copy(with.front().runs, std::back_inserter(line.runs));
   std::vector<Paragraph> further(with.begin() + 1, with.end());
+  for (Paragraph& paragraph : further) {  // in a table inside a cell they stay there
+    paragraph.row = line.row;
+    paragraph.cell = line.cell;
+  }
   Paragraph& last = further.empty() ? line : further.back();
   const TextPlace behind{range.from.paragraph + further.size(), lengthOf(last)};
   std::ranges::copy(tail, std::back_inserter(last.runs));

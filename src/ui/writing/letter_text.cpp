@@ -121,7 +121,7 @@ bool isParagraph(const QTextBlock& block) {
 void LetterText::show(const Document& letter, QTextDocument& text) {
   frame_ = letter;
   frame_.body.clear();
-  styles_.clear();
+  paragraphs_.clear();
   rows_.clear();
   sections_.clear();
   pictures_.clear();
@@ -164,9 +164,10 @@ void LetterText::startBlock(QTextCursor& cursor, const QTextBlockFormat& format,
 }
 
 void LetterText::showParagraph(QTextCursor& cursor, const Paragraph& paragraph) {
-  styles_.push_back(paragraph.style);
+  paragraphs_.push_back(paragraph);
+  paragraphs_.back().runs.clear();
   QTextBlockFormat format = formatOf(paragraph.style);
-  format.setProperty(kParagraph, static_cast<int>(styles_.size() - 1));
+  format.setProperty(kParagraph, static_cast<int>(paragraphs_.size() - 1));
   startBlock(cursor, format, formatOf(paragraph.end));
   for (const Run& run : paragraph.runs)
     showRun(cursor, run);
@@ -245,7 +246,7 @@ Paragraph LetterText::readParagraph(const QTextBlock& block) const {
   Paragraph paragraph;
   const QTextBlockFormat format = block.blockFormat();
   if (format.hasProperty(kParagraph))
-    paragraph.style = styles_.at(static_cast<std::size_t>(format.intProperty(kParagraph)));
+    paragraph = paragraphs_.at(static_cast<std::size_t>(format.intProperty(kParagraph)));
   paragraph.style.alignment = alignmentOf(format);
   paragraph.end = styleOf(block.charFormat());
   eachPiece(block, [&](const QTextCharFormat& letters, const QString& text, int kind) {

@@ -43,8 +43,8 @@ class LetterText {
   void readBlock(const QTextBlock& block, std::vector<Block>& body) const;
   TableRow readRow(const QTextTable& table) const;
 
-  Document frame_;  // the letter without its body
-  std::vector<ParagraphStyle> styles_;
+  Document frame_;                     // the letter without its body
+  std::vector<Paragraph> paragraphs_;  // without their words
   std::vector<TableRow> rows_;
   std::vector<SectionBreak> sections_;
   std::vector<std::shared_ptr<const Picture>> pictures_;
