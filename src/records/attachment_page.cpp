@@ -5,7 +5,7 @@
 
 namespace zelvo {
 
-AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code)
+AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code, std::string_view documents)
     : IDoc(screen, "IDoc", "&Documents", "attachments"),
       IPic(screen, "IPic", "Pictures", "attachments"),
       loadp(screen, "loadp", "Obtain from File.."),
@@ -16,7 +16,8 @@ AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code
       lblFile(screen, "lblFile"),
       picFile(screen, "picFile"),
       desk_(desk),
-      files_(desk.session.dataFolder, code) {
+      files_(desk.session.dataFolder, code),
+      documents_(documents) {
   IDoc.chosen = true;
   ListView2.columns = {{" File ", 40}};
   prevfile.tip = "Previous file of this record";
@@ -88,7 +89,7 @@ void AttachmentPage::loadp_Click() {
   const bool picture = kind() == AttachmentKind::Picture;
   const FilePicker picker =
       picture ? FilePicker{"Select a picture", "Pictures (*.bmp;*.gif;*.jpg)|*.jpg;*.bmp;*.gif|All Files|*.*", ""}
-              : FilePicker{"Select a File", "Files (*.doc;*.txt;*.pdf)|*.doc;*.txt;*.pdf|All Files|*.*", ""};
+              : FilePicker{"Select a File", documents_, ""};
   const auto source = desk_.pickers.openFile(picker);
   if (!source)
     return;

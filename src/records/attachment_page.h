@@ -13,7 +13,8 @@ namespace zelvo {
 /// is chosen, and the means to attach another. Its controls belong to the screen; the screen binds their clicks.
 class AttachmentPage {
  public:
-  AttachmentPage(Screen& screen, Desk& desk, std::string_view code);
+  /// `documents`: which files are offered to be attached, "Files (*.pdf)|*.pdf|All Files|*.*".
+  AttachmentPage(Screen& screen, Desk& desk, std::string_view code, std::string_view documents);
 
   /// The files of the record with that key; of none when it is empty.
   void show(std::string_view key);
@@ -37,6 +38,7 @@ class AttachmentPage {
 
   Desk& desk_;
   Attachments files_;
+  std::string documents_;
   std::string key_;
   std::vector<std::string> names_;
 };

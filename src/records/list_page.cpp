@@ -44,7 +44,7 @@ void ListPage::showColumns() {
   const auto browsed = std::ranges::find(columns_, records_->table().browseOrder, &ShownColumn::column);
   ListView1.naturalOrder =
       browsed == columns_.end() ? std::nullopt : std::optional(static_cast<std::size_t>(browsed - columns_.begin()));
-  ListView1.rows = std::make_shared<RecordRows>(records_, columns_);
+  ListView1.rows = std::make_shared<RecordRows>(records_, kind_, columns_);
   ListView1.rowsChanged();
 }
 

@@ -22,6 +22,7 @@ class Numbering {
   std::string open(Recordset& records);
 
   const std::string& next() const { return next_; }
+  bool automatic() const { return rule_.automatic; }
   /// One further: the number was taken.
   void bump();
   /// Writes to the file that is used that the next number is given away to a record which is being stored, unless

@@ -15,8 +15,7 @@ void RecordScreen::enter(Mode mode) {
   ILocate.caption = mode == Mode::Search ? "Find" : "&Locate";
   ILocate.isDefault = mode == Mode::Search;
   lockRecord(mode == Mode::Browse);
-  for (Control* control : required_)
-    control->required = mode != Mode::Search;
+  markRequired();
   if (mode == Mode::Browse)
     refreshRecord();
   else
@@ -51,6 +50,7 @@ void RecordScreen::enableButtons() {
 
 void RecordScreen::clearPage() {
   clearControls();
+  picks.clear();
   for (TextBox& box : Text1)
     box.text.clear();
   shown_.clear();
@@ -70,7 +70,7 @@ void RecordScreen::ICopy_Click() {
 void RecordScreen::beginNew() {
   returnTo_ = records().bookmark();
   numbering_.catchUp();
-  while (keyInUse(proposedKey()))
+  while (!numbering_.automatic() && keyInUse(proposedKey()))
     numbering_.bump();
   proposed_ = proposedKey();
   Text1(1).text = proposed_;

@@ -13,7 +13,10 @@ void RecordScreen::prepareParcelOffer() {
   constexpr int kFirst = 2, kLast = 6;
   for (int part = kFirst; part <= kLast; ++part)
     if (Text1.has(part))
-      onLeave(Text1(part), [this] { offerParcel(); });
+      onLeave(Text1(part), [this] {
+        offerParcel();
+        leftParcel();
+      });
 }
 
 // Once section, block and lot are typed the parcel is known; what is typed behind them makes it another one.

@@ -32,8 +32,12 @@ bool RecordQuery::showsWholeTable() const {
   return queryParts(slot_.query).condition.empty();
 }
 
+std::string RecordQuery::wholeTable() const {
+  return queryOf(table_, "", browseOrder(table_));
+}
+
 void RecordQuery::showWholeTable() {
-  slot_.query = queryOf(table_, "", browseOrder(table_));
+  slot_.query = wholeTable();
 }
 
 void RecordQuery::showMatching(std::string_view condition) {

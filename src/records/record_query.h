@@ -22,6 +22,8 @@ class RecordQuery {
   void connectTo(std::string_view connection) { slot_.connection = connection; }
   bool showsWholeTable() const;
   void showWholeTable();
+  /// The query that shows it.
+  std::string wholeTable() const;
   /// The records that answer a condition, in the order of the whole table. A trailing "AND" is cut.
   void showMatching(std::string_view condition);
   /// Back to what was shown before, when a query turned out to be of no use.

@@ -17,7 +17,7 @@ RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
       offer_(*this, kind.ofParcel),
       query_(itsDesk.session, kind),
       list_(*this, itsDesk, kind, query_),
-      attachments_(*this, itsDesk, kind.code) {
+      attachments_(*this, itsDesk, kind.code, kind.documentFilter) {
   lblVoided.warning = Label28.warning = true;
   for (Button* button : {&INew, &ICopy, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext,
                          &IMoveLast, &ILocate, &iReset, &delr, &recinfod, &iNote, &iPrint})
@@ -100,7 +100,7 @@ bool RecordScreen::openRecords() {
     return false;
   }
   prepareBoxes();
-  const std::string numberTrouble = numbering_.open(*datPrimaryRS_);
+  const std::string numberTrouble = openNumbering();
   enter(Mode::Browse);
   if (!numberTrouble.empty())
     desk.messages.tell(" " + caption,
@@ -108,6 +108,16 @@ bool RecordScreen::openRecords() {
                            " gets the number " + numbering_.next() + ".",
                        Icon::Exclamation);
   return true;
+}
+
+// The highest number is that of the whole table, also where another screen asked for a few of its records.
+std::string RecordScreen::openNumbering() {
+  if (query_.showsWholeTable())
+    return numbering_.open(*datPrimaryRS_);
+  const auto all = Recordset::open(connection_, query_.wholeTable());
+  if (!all)
+    throw StoreError(all.error());
+  return numbering_.open(**all);
 }
 
 // A database that is not where its slot says is looked for: its folder may have been lost since the slot was filled.
@@ -144,21 +154,34 @@ void RecordScreen::readRecordsOrThrow() {
     throw StoreError(read.error());
 }
 
+void RecordScreen::showRecords(std::string_view condition) {
+  list_.forgetArrangement();
+  query_.showMatching(condition);
+  readRecordsOrThrow();
+}
+
 void RecordScreen::prepareBoxes() {
   const Table& table = records().table();
   limitBoxes(table, *this);
   prepareSuggestions();
   prepareParcelOffer();
-  for (const RequiredBox& needed : kind_.required)
-    Text1(needed.box).required = true;
-  for (int part : kParcelKeyBoxes)
-    Text1(part).required = true;
-  for (Control* control : controls())
-    if (control->required)
-      required_.push_back(control);
   for (const Column& column : table.columns)
     if (column.type == ColumnType::Number && column.box >= 1 && Text1.has(column.box))
       takeAmounts(Text1(column.box));
+}
+
+// Who looks for something need fill nothing. A box may be asked for twice, under two names: one that needs it is
+// enough.
+void RecordScreen::markRequired() {
+  for (const bool needed : {false, true})
+    for (const RequiredBox& required : kind_.required) {
+      if (needed != (mode_ != Mode::Search && isNeeded(required)))
+        continue;
+      for (int box : required.box == kParcelBoxes ? std::vector{2, 3, 4} : std::vector{required.box}) {
+        Combo* pick = picks.standingFor(Text1(box));
+        (pick ? static_cast<Control&>(*pick) : Text1(box)).required = needed;
+      }
+    }
 }
 
 void RecordScreen::takeAmounts(TextBox& box) {
@@ -226,6 +249,7 @@ std::string RecordScreen::key() const {
 void RecordScreen::getdata() {
   clearControls();
   shown_ = recordToScreen(records(), *this);
+  picks.showBoxes();
   showCodedColumns();
 }
 
@@ -235,8 +259,8 @@ void RecordScreen::refreshRecord() {
   list_.ListView1.selected.reset();
   clearWarnings();
   if (dbisempty()) {
-    lblStatus.caption = query_.showsWholeTable() ? "empty database" : "no such records";
     clearPage();
+    lblStatus.caption = showNoRecord();
     return enableButtons();
   }
   if (rows.Eof())
@@ -251,6 +275,10 @@ void RecordScreen::refreshRecord() {
     delr.caption = "Un&void";
   showParcelWarnings();
   enableButtons();
+}
+
+std::string RecordScreen::showNoRecord() {
+  return query_.showsWholeTable() ? "empty database" : "no such records";
 }
 
 void RecordScreen::showParcelWarnings() {
@@ -332,6 +360,8 @@ void RecordScreen::iNote_Click() {
   const auto known = parcels_.SBLExists(parcel);
   if (!known)
     throw StoreError(known.error());
+  if (!*known && !kind_.parcel.noNotes.empty())
+    return desk.messages.tell(" SBL not found", kind_.parcel.noNotes, Icon::Exclamation);
   if (!*known)
     return desk.messages.tell(" Notes", "The parcel " + parcel + " is not in the parcel registry, so it has no notes.");
   NoteFrm notes(desk, parcels_, parcel);

@@ -15,6 +15,7 @@
 #include "records/list_page.h"
 #include "records/numbering.h"
 #include "records/parcel_offer.h"
+#include "records/picks.h"
 #include "records/record_kind.h"
 #include "records/record_query.h"
 #include "records/typed_before.h"
@@ -68,7 +69,6 @@ class RecordScreen : public Screen {
   virtual void clearControls() = 0;         ///< blanks what is not a box of the catalogue
   virtual void showCodedColumns() = 0;      ///< columns that no box shows, to the screen
   virtual void storeCodedColumns() = 0;     ///< and back; stamps excepted
-  virtual void copyPicksIntoBoxes() {}      ///< combo texts into the boxes that stand for them
   virtual void clearForCopy() {}            ///< what a copy of a record does not take over
   virtual void showSearchControls(bool) {}  ///< controls that only a search has; no date is given at first
   /// What the kind's own controls add to a search, in pieces that end in " AND ". A control that holds what cannot be
@@ -76,14 +76,28 @@ class RecordScreen : public Screen {
   virtual std::optional<std::string> ownSearchClauses() { return std::string(); }
   virtual std::string proposedKey() const = 0;  ///< the key under the next number
   virtual void bumpKey() = 0;                   ///< puts the key under the number after into its box
-  virtual std::string duplicateTitle() const = 0;
-  virtual std::string duplicateText() const = 0;
+  /// Of a number that is taken, unless the kind's numbers are automatic.
+  virtual std::string duplicateTitle() const { return ""; }
+  virtual std::string duplicateText() const { return ""; }
+  /// Whether a box must be filled for what is on the screen now.
+  virtual bool isNeeded(const RequiredBox& /*box*/) const { return true; }
   /// Rules of its own before a record is stored; says what is wrong and gives false.
   virtual bool validateOwn() { return true; }
+  /// The clerk left one of the boxes of the parcel.
+  virtual void leftParcel() {}
   virtual void enableOwnButtons(bool /*browsing*/) {}
+  /// Stores what goes with the record, which is current, its parcel registered: all of it is stored or nothing.
+  virtual Result<void> storeAlong() { return {}; }
+  /// The new record is stored and current: which records are shown from now on.
+  virtual void showAfterAdd() {}
+  /// There is no record to show. What the kind shows instead, and what the record indicator says.
+  virtual std::string showNoRecord();
+  /// A search for something else than the kind's own records; true when that was carried out.
+  virtual bool findElsewhere() { return false; }
   /// The location and the owner that a new parcel is registered under.
   virtual std::string parcelOwner() const = 0;
   virtual std::string parcelLocation() const = 0;
+  virtual std::string parcelPermit() const { return typedKey(); }
 
   void Form_Activate(bool first) override;
   void Form_Close() override;
@@ -103,10 +117,23 @@ class RecordScreen : public Screen {
   /// The key on the screen as it is stored: trimmed, and cut to the width of its column.
   std::string typedKey() const;
   void refreshRecord();
+  /// Shows the records that answer a condition from now on, or all of them; the first is current.
+  void showRecords(std::string_view condition);
+  /// Makes the record of that key current; false, and none is, when it is not among those shown.
+  bool goToKey(std::string_view key);
+  const std::string& currentQuery() const { return query_.current().query; }
+  /// Back to browsing the records that are shown.
+  void browse();
+  /// The parcel that the record will be on: a section typed without a suffix keeps the one that the record has.
+  std::string parcelKey() const;
   /// The box takes amounts: "$12,500" becomes the number that the store reads, when the clerk leaves it or stores.
   void takeAmounts(TextBox& box);
   /// Fills the boxes that ask for what a parcel says of itself, where nothing is typed yet.
   void fillFromParcel(const ParcelFacts& facts) { offer_.fill(facts); }
+  /// Marks the boxes that must be filled; to be called again when what isNeeded says may have changed.
+  void markRequired();
+  /// The drop-down lists that stand for boxes.
+  Picks picks;
 
   Tabs SSTab1;
   Button INew{*this, "INew", "&New"};
@@ -141,6 +168,7 @@ class RecordScreen : public Screen {
   void bindAttachments();
   void bindList();
   bool openRecords();
+  std::string openNumbering();
   Result<void> openSlot();
   Result<void> readRecords();
   void readRecordsOrThrow();
@@ -168,9 +196,9 @@ class RecordScreen : public Screen {
 
   bool validate(bool adding);
   bool requireFilled();
+  TextBox* firstBlank(const RequiredBox& required);
   bool refuseDuplicate();
   bool askAboutParcel();
-  std::string parcelKey() const;
   void tidyBoxes();
   bool renumbering() const;
   Result<void> store();
@@ -198,11 +226,10 @@ class RecordScreen : public Screen {
   ScreenValues asRead_;    ///< what the page showed when the edit began
   bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
-  std::vector<Control*> required_;  ///< what must be filled, except by who looks for something
-  bool readBefore_ = true;          ///< what was typed before is to be read anew
-  std::string proposed_;            ///< the key that INew put on the screen
-  std::string newParcel_;           ///< key of a parcel that the user agreed to register with this record
-  std::string numberTrouble_;       ///< why the next number could not be written, of the last add
+  bool readBefore_ = true;     ///< what was typed before is to be read anew
+  std::string proposed_;       ///< the key that INew put on the screen
+  std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record
+  std::string numberTrouble_;  ///< why the next number could not be written, of the last add
 };
 
 }  // namespace zelvo

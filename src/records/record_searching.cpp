@@ -29,12 +29,14 @@ void RecordScreen::beginSearch() {
 }
 
 void RecordScreen::find() {
-  copyPicksIntoBoxes();
+  picks.fillBoxes();
   tidyBoxes();
+  if (findElsewhere())
+    return;
   const auto own = ownSearchClauses();
   if (!own)
     return;
-  const std::string clauses = exampleClauses(*this, records().table()) + *own;
+  const std::string clauses = exampleClauses(*this, records().table(), kind_.soughtWhole) + *own;
   if (clauses.empty())
     return desk.messages.tell(" " + caption, "Please fill in at least one box with what you look for.");
   const std::string before = query_.current().query;
@@ -50,14 +52,15 @@ void RecordScreen::find() {
                        Icon::Critical);
     return iReset_Click();
   }
-  showStatus("");
-  enter(Mode::Browse);
+  browse();
 }
 
 void RecordScreen::iReset_Click() {
-  list_.forgetArrangement();
-  query_.showWholeTable();
-  readRecordsOrThrow();
+  showRecords("");
+  browse();
+}
+
+void RecordScreen::browse() {
   showStatus("");
   enter(Mode::Browse);
 }
@@ -74,10 +77,14 @@ void RecordScreen::followHop() {
   refreshRecord();
 }
 
-void RecordScreen::showHopped(std::string_view wanted) {
+bool RecordScreen::goToKey(std::string_view wanted) {
   records().MoveFirst();
   const auto found = records().Find(columnIs(records().table().key, wanted));
-  if (found && *found)
+  return found && *found;
+}
+
+void RecordScreen::showHopped(std::string_view wanted) {
+  if (goToKey(wanted))
     return;
   std::string noun(kind_.noun);
   noun.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(noun.front())));

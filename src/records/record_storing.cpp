@@ -12,7 +12,7 @@ namespace zelvo {
 // ---- checking
 
 bool RecordScreen::validate(bool adding) {
-  copyPicksIntoBoxes();
+  picks.fillBoxes();
   tidyBoxes();
   return requireFilled() && validateOwn() && (!adding || refuseDuplicate()) && askAboutParcel();
 }
@@ -20,33 +20,37 @@ bool RecordScreen::validate(bool adding) {
 bool RecordScreen::requireFilled() {
   std::string missing;
   TextBox* first = nullptr;
-  const auto note = [&](std::string_view label, int box) {
-    missing += std::string(label) + "\n";
-    if (!first)
-      first = &Text1(box);
-  };
-  for (const RequiredBox& required : kind_.required)
-    if (boxText(*this, required.box).empty())
-      note(required.label, required.box);
-  for (int part : kParcelKeyBoxes)
-    if (boxText(*this, part).empty()) {
-      note("--S-B-L", part);
-      break;
-    }
+  for (const RequiredBox& required : kind_.required) {
+    TextBox* box = isNeeded(required) ? firstBlank(required) : nullptr;
+    if (!box)
+      continue;
+    missing += std::string(required.label) + "\n";
+    first = first ? first : box;
+  }
   if (missing.empty())
     return true;
   desk.messages.tell(" Missing Information",
                      "Missing: " + missing + "\nPlease ensure required\nfields are filled in correctly.",
                      Icon::Critical);
   SSTab1.current = kRecordPage;
-  setFocus(*first);
+  Combo* pick = picks.standingFor(*first);
+  setFocus(pick ? static_cast<Control&>(*pick) : *first);
   return false;
+}
+
+TextBox* RecordScreen::firstBlank(const RequiredBox& required) {
+  if (required.box != kParcelBoxes)
+    return boxText(*this, required.box).empty() ? &Text1(required.box) : nullptr;
+  for (int part : {2, 3, 4})
+    if (boxText(*this, part).empty())
+      return &Text1(part);
+  return nullptr;
 }
 
 // A number that the clerk took as it was proposed moves on when another computer was quicker; one that the clerk
 // typed is the clerk's own, and refused when it is taken.
 bool RecordScreen::renumbering() const {
-  return boxText(*this, 1) == proposed_;
+  return numbering_.automatic() || boxText(*this, 1) == proposed_;
 }
 
 std::string RecordScreen::typedKey() const {
@@ -75,7 +79,6 @@ bool RecordScreen::refuseDuplicate() {
   return true;
 }
 
-// The parcel that the record will be on: a section typed without a suffix keeps the one that the record has.
 std::string RecordScreen::parcelKey() const {
   auto parts = split(MakeSBL(*this), '-');
   const std::string suffix = mode_ == Mode::Edit ? upper(trim(records().text("SUD"))) : "";
@@ -93,26 +96,22 @@ bool RecordScreen::askAboutParcel() {
     return true;  // agreed to before a store that was refused
   newParcel_.clear();
   if (*known)
-    return !parcels_.SBLHasViol() ||
+    return !kind_.parcel.warnsOfViolation || !parcels_.SBLHasViol() ||
            desk.messages.confirm(" Property had a Violation",
                                  "This property has an open violation:\n" + parcels_.currentNote +
                                      "\n\nDo you want to store the " + std::string(kind_.noun) + " all the same?",
                                  Icon::Exclamation, Answer::No);
-  if (!desk.messages.confirm(" SBL not found",
-                             "The Section, Block and Lot info cannot be found.\nIf this is a new S-B-L, click 'Yes' "
-                             "to add this as a new record.",
-                             Icon::Question)) {
+  if (desk.messages.confirm(" SBL not found", kind_.parcel.question, Icon::Question))
+    newParcel_ = parcel;
+  else if (kind_.parcel.needed)
     setFocus(Text1(2));
-    return false;
-  }
-  newParcel_ = parcel;
-  return true;
+  return !newParcel_.empty() || !kind_.parcel.needed;
 }
 
 // ---- storing
 
 void RecordScreen::movefieldsintodb() {
-  copyPicksIntoBoxes();
+  picks.fillBoxes();
   records().set(records().table().key, typedKey());
   screenToRecord(*this, records(), shown_);
   storeCodedColumns();
@@ -137,6 +136,8 @@ Result<void> RecordScreen::store() {
     return stored;
   if (auto stored = storeParcel(); !stored)
     return stored;
+  if (auto stored = storeAlong(); !stored)
+    return stored;
   if (mode_ == Mode::New) {
     const auto numbered = numbering_.noteTaken();
     numberTrouble_ = numbered ? "" : numbered.error().message;
@@ -147,7 +148,7 @@ Result<void> RecordScreen::store() {
 Result<void> RecordScreen::storeParcel() {
   if (newParcel_.empty())
     return {};
-  auto added = parcels_.SBLAdd(newParcel_, typedKey(), parcelOwner(), "", parcelLocation());
+  auto added = parcels_.SBLAdd(newParcel_, parcelPermit(), parcelOwner(), "", parcelLocation());
   const bool byAnother = !added && added.error().trouble == Trouble::Duplicate;
   return byAnother ? Result<void>() : added;  // another computer registered the parcel meanwhile: all the better
 }
@@ -182,8 +183,9 @@ void RecordScreen::ISave_Click() {
 
 void RecordScreen::afterStoring() {
   list_.ListView1.rowsChanged();
-  showStatus("");
-  enter(Mode::Browse);
+  if (mode_ == Mode::New)
+    showAfterAdd();
+  browse();
   if (!numberTrouble_.empty())
     desk.messages.tell(" " + caption,
                        "The " + std::string(kind_.noun) + " " + key() +

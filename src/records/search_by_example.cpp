@@ -1,5 +1,6 @@
 #include "records/search_by_example.h"
 
+#include <algorithm>
 #include <set>
 
 #include "base/date.h"
@@ -35,6 +36,13 @@ std::string amountClause(std::string_view column, std::string_view text) {
   return text.empty() ? "" : "[" + std::string(column) + "] = " + numberText(Val(text)) + " AND ";
 }
 
+std::string wholeClause(std::string_view column, std::string_view text) {
+  text = trim(text);
+  if (text.empty() || isNumber(text))
+    return amountClause(column, text);
+  return columnIs(column, text) + " AND ";
+}
+
 std::string dateClause(std::string_view column, const Date& from) {
   return "[" + std::string(column) + "] = " + dateLiteral(from) + " AND ";
 }
@@ -44,15 +52,17 @@ std::string dateRangeClause(std::string_view column, const Date& after, const Da
   return name + " > " + dateLiteral(after) + " AND " + name + " < " + dateLiteral(before) + " AND ";
 }
 
-std::string exampleClauses(const Screen& screen, const Table& table) {
+std::string exampleClauses(const Screen& screen, const Table& table, std::span<const std::string_view> whole) {
   std::string clauses = SBLfilled(screen) ? SBL2SQL(screen) + " " : "";
   std::set<int> asked;  // two columns may share a box: what it shows is asked for once
   for (const Column& column : table.columns) {
     if (column.box < 1 || isParcelBox(column.box) || !asked.insert(column.box).second)
       continue;
     const std::string typed = boxText(screen, column.box);
-    clauses +=
-        column.type == ColumnType::Number ? amountClause(column.name, typed) : containsClause(column.name, typed);
+    const bool asWhole = std::ranges::find(whole, column.name) != whole.end();
+    clauses += column.type == ColumnType::Number ? amountClause(column.name, typed)
+               : asWhole                         ? wholeClause(column.name, typed)
+                                                 : containsClause(column.name, typed);
   }
   return clauses;
 }

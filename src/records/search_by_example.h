@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "data/catalogue.h"
@@ -12,11 +13,14 @@ namespace zelvo {
 
 /// The pieces that the filled boxes Text1(n) stand for: a text may stand anywhere in its column (and may hold the
 /// wildcards % _ [a-z], typed on purpose), an amount is meant by its value, the parcel's parts as they are.
-std::string exampleClauses(const Screen& screen, const Table& table);
+/// Columns of `whole` are compared as they are.
+std::string exampleClauses(const Screen& screen, const Table& table, std::span<const std::string_view> whole = {});
 
 /// One piece of such a condition; nothing when the text is blank.
 std::string containsClause(std::string_view column, std::string_view text);
 std::string amountClause(std::string_view column, std::string_view text);
+/// The column is the text, or the number by its value: "7" finds "007".
+std::string wholeClause(std::string_view column, std::string_view text);
 /// "[VD3] = #03/09/2026# AND", or between two dates when a second is given.
 std::string dateClause(std::string_view column, const Date& from);
 std::string dateRangeClause(std::string_view column, const Date& after, const Date& before);

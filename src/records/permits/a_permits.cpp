@@ -29,8 +29,9 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
     : RecordScreen(itsDesk, parcels, kPermits), letters_(letters) {
   Text1(42).manyLines = true;
   DTPicker2.visible = false;
-  for (int pick : {32, 33, 39})
-    Text1(pick).visible = false;
+  picks.add(Combo1, Text1(32));
+  picks.add(Combo2, Text1(33));
+  picks.add(Combo3, Text1(39));
   Text1(kExpirationBox).holdsDate = Text1(kSecondDateBox).holdsDate = true;
   Text4.maxLength = 14;
   Text5.maxLength = 15;
@@ -73,8 +74,6 @@ void APermits::clearControls() {
   DTPicker1.date = desk.clock.now().date;
   for (TextBox* box : {&Text2, &Text4, &Text5})
     box->text.clear();
-  for (Combo* combo : {&Combo1, &Combo2, &Combo3})
-    combo->text.clear();
   for (CheckBox* box : {&Check1, &Check2, &Check3})
     box->checked = false;
   for (int date : {kExpirationBox, kSecondDateBox})
@@ -97,20 +96,7 @@ void APermits::showCodedColumns() {
   const std::string link = row.text("LINK02");
   Check2.checked = left(link, 1) == "|";
   Text5.text = link.empty() ? "" : std::string(trimRight(link.substr(1)));
-  showPicksFromBoxes();
   showExpired();
-}
-
-void APermits::showPicksFromBoxes() {
-  Combo1.text = Text1(32).text;
-  Combo2.text = Text1(33).text;
-  Combo3.text = Text1(39).text;
-}
-
-void APermits::copyPicksIntoBoxes() {
-  Text1(32).text = Combo1.text;
-  Text1(33).text = Combo2.text;
-  Text1(39).text = Combo3.text;
 }
 
 // An old permit without a date keeps having none until somebody gives it one.

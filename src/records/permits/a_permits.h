@@ -25,7 +25,6 @@ class APermits : public RecordScreen {
   void clearControls() override;
   void showCodedColumns() override;
   void storeCodedColumns() override;
-  void copyPicksIntoBoxes() override;
   void clearForCopy() override;
   void showSearchControls(bool searching) override;
   std::optional<std::string> ownSearchClauses() override;
@@ -45,7 +44,6 @@ class APermits : public RecordScreen {
   void leaveExpiration();
   void leaveSecondDate();
   void showExpired();
-  void showPicksFromBoxes();
   void storePermitDate();
   DateTime dateOrToday(int box) const;
 

@@ -11,7 +11,7 @@ inline constexpr ListField kPermitList[] = {{" Permit ", "PERMIT", 12},
                                             {" Owner ", "OWNNAME1", 32}};
 
 inline constexpr RequiredBox kPermitRequired[] = {
-    {1, "--Permit"}, {18, "--Owner"}, {17, "--Owner Address"}, {34, "--Property Location"}};
+    {1, "--Permit"}, {18, "--Owner"}, {17, "--Owner Address"}, {34, "--Property Location"}, kParcelRequired};
 
 inline constexpr RecordKind kPermits = {
     .screen = "APermits",
