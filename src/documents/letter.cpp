@@ -31,11 +31,12 @@ Result<std::string> readTemplate(std::string_view folder, std::string_view name)
 
 }  // namespace
 
-Result<std::string> LetterPrinter::merge(std::string_view templateName) {
+Result<std::string> LetterPrinter::read(std::string_view templateName) const {
+  return readTemplate(desk_.session.formsFolder, templateName);
+}
+
+Result<std::string> LetterPrinter::fill(std::string_view rtf) const {
   const Session& session = desk_.session;
-  const Result<std::string> rtf = readTemplate(session.formsFolder, templateName);
-  if (!rtf)
-    return rtf.error();
   MergeContext values = context;
   if (values.letterhead.empty())
     values.letterhead = session.reportHeader;
@@ -43,20 +44,33 @@ Result<std::string> LetterPrinter::merge(std::string_view templateName) {
     auto bytes = readBytes(joinPath(session.programFolder, name));
     return bytes ? std::optional(std::move(*bytes)) : std::nullopt;
   };
-  const auto merged = mergeLetter(*rtf, values, desk_.clock.now(), pictures);
-  if (!merged)
-    return merged.error();
-  const std::string path = joinPath(session.programFolder, "\\tmp.rtf");
-  if (auto written = replaceFile(path, *merged); !written)
+  return mergeLetter(rtf, values, desk_.clock.now(), pictures);
+}
+
+Result<std::string> LetterPrinter::keep(std::string_view rtf) const {
+  const std::string path = joinPath(desk_.session.programFolder, "\\tmp.rtf");
+  if (auto written = replaceFile(path, rtf); !written)
     return written.error();
   return path;
 }
 
-Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title, const KeepCopy& keep) {
-  const Result<std::string> path = merge(templateName);
+Result<std::string> LetterPrinter::merge(std::string_view templateName) {
+  const Result<std::string> rtf = read(templateName);
+  const Result<std::string> filled = rtf ? fill(*rtf) : rtf;
+  return filled ? keep(*filled) : filled;
+}
+
+Result<void> LetterPrinter::printText(std::string_view rtf, std::string_view title, const KeepCopy& copy) {
+  const Result<std::string> path = keep(rtf);
   if (!path)
     return path.error();
-  return deliver(desk_, {{std::string(title), *path, desk_.session.print}, keep});
+  return deliver(desk_, {{std::string(title), *path, desk_.session.print}, copy});
+}
+
+Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title, const KeepCopy& copy) {
+  const Result<std::string> rtf = read(templateName);
+  const Result<std::string> filled = rtf ? fill(*rtf) : rtf;
+  return filled ? printText(*filled, title, copy) : Result<void>(filled.error());
 }
 
 }  // namespace zelvo

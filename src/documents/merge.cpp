@@ -54,6 +54,8 @@ class Merge {
   Result<std::string> fillBehindLetterhead(LetterText& letter) const {
     fillPlain(letter, "%ms", context_.ms);
     fillPlain(letter, "%me", context_.me);
+    fillFormatted(letter, "%sh", context_.subheading);
+    fillPlain(letter, "%sbl", context_.parcel);
     fillFormatted(letter, "%nm", context_.name);
     fillFormatted(letter, "%ad", context_.address);
     fillFormatted(letter, "%al", context_.address);

@@ -19,6 +19,8 @@ struct MergeContext {
   std::string address = "<no address>";              ///< "%ad" and "%al"
   std::string cityStateZip = "<no city state zip>";  ///< "%zp"
   std::string ln, mi, id, ms, me;
+  std::string subheading;              ///< "%sh": what a listing under a letterhead is about
+  std::string parcel;                  ///< "%sbl"
   std::array<std::string, 26> values;  ///< 1 to 25: "%01" to "%25", "%$01" to "%$25"
 };
 

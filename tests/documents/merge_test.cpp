@@ -26,6 +26,8 @@ MergeContext filled() {
   context.id = "123456789";
   context.ms = "MS";
   context.me = "ME";
+  context.subheading = "Complaints";
+  context.parcel = "12.5-3-45";
   for (std::size_t i = 1; i < context.values.size(); ++i)
     context.values[i] = "v" + std::to_string(i);
   return context;
@@ -79,6 +81,7 @@ TEST(Merge, FillsEveryCode) {
                 {"time", "%tm", "2:05:07 PM"},
                 {"slots", "%ln %mi %id %ms %me", "LN MI 123456789 MS ME"},
                 {"letterhead", "%mh", "Town of Milford"},
+                {"listing and parcel", "%sh: %sbl", "Complaints: 12.5-3-45"},
                 {"addressee", "%nm/%ad/%al/%zp", "Smith, John/12 Main St/12 Main St/Milford, NY 10950"},
                 {"numbered", "%01 %09 %10 %25 %$01 %$25", "v1 v9 v10 v25 v1 v25"},
                 {"behind the last value", "%26 %30 %$26 %00 %1 %$1", "%26 %30 %$26 %00 %1 %$1"},

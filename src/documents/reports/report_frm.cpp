@@ -10,8 +10,6 @@ namespace zelvo {
 
 namespace {
 
-// In the order of ReportOutput.
-const std::vector<std::string> kOutputs = {"Print", "Preview", "Save as rich text", "Save for a spreadsheet"};
 constexpr int kCentury = 2000;
 constexpr int kFirstYear = 1900, kLastYear = 2299;
 
@@ -28,8 +26,8 @@ ReportFrm::ReportFrm(Desk& theDesk, std::string_view report) : Screen(theDesk, "
   Combo1.text = Combo1.items[static_cast<std::size_t>(today.month) - 1];
   Text1.text = std::to_string(today.year);
   Text1.maxLength = 4;
-  Combo2.items = kOutputs;
-  Combo2.text = kOutputs.front();
+  Combo2.items = reportOutputs();
+  Combo2.text = Combo2.items.front();
   cmdOK.isDefault = true;
   cmdCancel.isCancel = true;
   onClick(cmdOK, [this] { cmdOK_Click(); });

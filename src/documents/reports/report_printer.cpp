@@ -19,6 +19,10 @@ std::string asRichText(std::string_view text) {
 
 }  // namespace
 
+std::vector<std::string> reportOutputs() {
+  return {"Print", "Preview", "Save as rich text", "Save for a spreadsheet"};
+}
+
 Result<std::string> ReportPrinter::heading(const ReportKind& kind) {
   const Session& session = desk_.session;
   if (kind.header.empty() || !FileExists(joinPath(session.formsFolder, kind.header)))
@@ -47,10 +51,7 @@ Result<void> ReportPrinter::print(const ReportKind& kind, std::string_view title
     tellEmpty();
     return {};
   }
-  const std::string path = joinPath(desk_.session.programFolder, "\\tmp.rtf");
-  if (const auto written = replaceFile(path, report.text); !written)
-    return written;
-  return deliver(desk_, {{std::string(title), path, desk_.session.print}, {}});
+  return letters_.printText(report.text, title);
 }
 
 Result<void> ReportPrinter::save(const ReportKind& kind, std::string_view title, ReportRows& rows,

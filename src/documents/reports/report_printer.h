@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "documents/letter.h"
 #include "documents/reports/report.h"
@@ -10,6 +12,8 @@ namespace zelvo {
 
 /// Where a listing goes.
 enum class ReportOutput { Printer, Preview, RichText, Spreadsheet };
+/// What a user chooses from, in their order.
+std::vector<std::string> reportOutputs();
 
 /// Brings a listing to where the user wants it: to the printer through "\tmp.rtf" of the program folder, or into a file
 /// that the user names. A listing without rows is said to be empty and goes nowhere.

@@ -30,6 +30,14 @@ std::string oneLine(std::string_view value) {
 
 }  // namespace
 
+std::string shortened(std::string_view text, std::size_t width) {
+  std::string line = oneLine(text);
+  if (length(line) <= width)
+    return line;
+  const bool marked = width > kCut.size();
+  return std::string(left(line, width - (marked ? kCut.size() : 0))) + std::string(marked ? kCut : "");
+}
+
 ReportShape::ReportShape(std::span<const ReportColumn> columns, const PrintOptions& options)
     : landscape_(options.landscape), points_(options.fontSize) {
   for (const ReportColumn& column : columns)
@@ -60,10 +68,7 @@ void ReportShape::narrow() {
 }
 
 std::string ReportShape::value(std::string_view text, const Column& column) const {
-  std::string shown = oneLine(text);
-  if (length(shown) > column.width)
-    shown = column.width > kCut.size() ? std::string(left(shown, column.width - kCut.size())) + std::string(kCut)
-                                       : std::string(left(shown, column.width));
+  const std::string shown = shortened(text, column.width);
   return column.toRight ? padLeft(shown, column.width) : padRight(shown, column.width);
 }
 

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "documents/reports/report.h"
 #include "form/ports.h"
 
 namespace zelvo {
+
+/// A text as one line of at most so many characters; a longer one is cut and ends in "...".
+std::string shortened(std::string_view text, std::size_t width);
 
 /// How the columns of a listing stand on letter paper: under the print options where they fit so, else turned, then in
 /// smaller letters, and at last with the widest columns narrowed.

@@ -62,6 +62,7 @@ void fillContext(const Recordset& permit, mdb& parcels, const Session& session, 
   context.mi = session.municipality.name;
   context.ms = session.userId;
   context.me = session.municipality.telephone;
+  context.parcel = context.values[kParcelValue];
   context.counter = 1;
 }
 
