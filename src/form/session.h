@@ -79,6 +79,8 @@ struct Session {
   std::vector<std::string> inspectors;
   std::array<std::string, 101> buildingCodes;  ///< slots 1 to 99, one empty slot behind the last
   std::array<std::string, 32> otherCodes;      ///< slots 1 to 30
+  /// The kinds of complaint that the office added, each line a code and its text: "07 Noise", "NO Noise".
+  std::vector<std::string> numberedComplaints, letteredComplaints;
   std::vector<std::string> feeItems;
   std::vector<std::string> checklist;
   int parcelLayout = 13;  ///< 13 or 18: the fields of the parcel table

@@ -110,6 +110,8 @@ struct ListFile {
 inline constexpr ListFile kInspectorsFile = {"Inspectors.txt", &Session::inspectors, 50, false, true};
 inline constexpr ListFile kFeesFile = {"fees.txt", &Session::feeItems, 30, true, true};
 inline constexpr ListFile kChecklistFile = {"clist.txt", &Session::checklist, 20, true, false};
+inline constexpr ListFile kNumberedComplaintsFile = {"ccatn.txt", &Session::numberedComplaints, 100, true, true};
+inline constexpr ListFile kLetteredComplaintsFile = {"ccatl.txt", &Session::letteredComplaints, 31, true, true};
 
 /// The two lists of inspection codes, one code a line, blank lines kept.
 struct CodeFile {

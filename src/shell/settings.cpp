@@ -99,6 +99,8 @@ void readSharedFiles(Session& session) {
   session.parcelLayout = parcelLayoutIn(session.dataFolder);
   readList(kFeesFile, session);
   readList(kChecklistFile, session);
+  readList(kNumberedComplaintsFile, session);
+  readList(kLetteredComplaintsFile, session);
 }
 
 std::string FormsFolderFor(std::string_view dataFolder, std::string_view programFolder) {

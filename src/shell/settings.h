@@ -16,8 +16,8 @@ namespace zelvo {
 std::string settingsPath(const Session& session);
 
 /// Reads "Zelvo.ini" and then all that hangs on it: seeds, report header, "def.txt", what is known of the tax roll, the
-/// parcel layout, fee items and checklist. False when the settings are missing or cut short: the session then has no
-/// data folder, and start-up falls back to the one of the program folder.
+/// parcel layout, fee items, checklist and the office's own kinds of complaint. False when the settings are missing or
+/// cut short: the session then has no data folder, and start-up falls back to the one of the program folder.
 bool ReadSettings(Session& session);
 /// The same without the settings file: what the data folder itself holds.
 void readSharedFiles(Session& session);

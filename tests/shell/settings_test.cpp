@@ -96,7 +96,7 @@ TEST_F(Settings, listsSkipBlankLinesAndStopAtTheirLimit) {
   std::string many;
   for (int i = 1; i <= 60; ++i)
     many += " Name " + std::to_string(i) + " \r\n  \r\n";
-  for (const auto* file : {"inspectors.txt", "fees.txt", "clist.txt"})
+  for (const auto* file : {"inspectors.txt", "fees.txt", "clist.txt", "ccatn.txt", "CCATL.txt"})
     writeShared(file, many);
   ReadInspectors(session);
   readSharedFiles(session);
@@ -105,6 +105,8 @@ TEST_F(Settings, listsSkipBlankLinesAndStopAtTheirLimit) {
   ASSERT_EQ(session.feeItems.size(), 30u);
   EXPECT_EQ(session.feeItems[29], "Name 30");
   EXPECT_EQ(session.checklist.size(), 20u);
+  EXPECT_EQ(session.numberedComplaints.size(), 60u);
+  EXPECT_EQ(session.letteredComplaints.size(), 31u);
 
   std::filesystem::remove_all(folder.file("town/data"));
   readSharedFiles(session);
