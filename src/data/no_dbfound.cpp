@@ -62,24 +62,30 @@ bool somethingAt(const std::string& path) {
   return std::filesystem::exists(path, unknown);
 }
 
+const std::string& locatedConnection(const Session& session, const Table* table) {
+  static const std::string none;
+  return table && table->index >= 0 ? session.connections[static_cast<std::size_t>(table->index)] : none;
+}
+
 }  // namespace
 
-Result<std::string> databaseConnection(Desk& desk, std::string_view file) {
-  const Table* table = findTableOfFile(fileNameOf(file));
-  const bool numbered = table && table->index >= 0;
-  std::string none;
-  const std::string& located = numbered ? desk.session.connections[static_cast<std::size_t>(table->index)] : none;
-  if (!located.empty())
+Result<std::string> reachableConnection(const Session& session, std::string_view file) {
+  if (const std::string& located = locatedConnection(session, findTableOfFile(fileNameOf(file))); !located.empty())
     return located;
-  const auto path = ensureDatabase(desk.session, file);
-  if (path)
-    return connectionText(*path);
+  const auto path = ensureDatabase(session, file);
+  return path ? Result<std::string>(connectionText(*path)) : path;
+}
+
+Result<std::string> databaseConnection(Desk& desk, std::string_view file) {
+  const auto reached = reachableConnection(desk.session, file);
+  const Table* table = findTableOfFile(fileNameOf(file));
   const std::string missing = joinPath(desk.session.dataFolder, file);
-  if (!numbered || somethingAt(missing))
-    return path.error();
+  if (reached || !table || table->index < 0 || somethingAt(missing))
+    return reached;
   noDbfound search(desk, *table, missing);
   desk.screens.showModal(search);
-  return search.located() ? Result<std::string>(located) : Error{Trouble::Cancelled, path.error().message};
+  return search.located() ? Result<std::string>(locatedConnection(desk.session, table))
+                          : Error{Trouble::Cancelled, reached.error().message};
 }
 
 }  // namespace zelvo

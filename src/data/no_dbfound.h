@@ -37,5 +37,7 @@ class noDbfound : public Screen {
 /// the one in the data folder, which is made from its blank when it is missing. Where that cannot be done either, the
 /// user is asked to locate it; Trouble::Cancelled when he gives it up.
 Result<std::string> databaseConnection(Desk& desk, std::string_view file);
+/// The same without asking: an error where the user would have to locate it.
+Result<std::string> reachableConnection(const Session& session, std::string_view file);
 
 }  // namespace zelvo

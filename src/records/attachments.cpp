@@ -14,14 +14,6 @@ namespace {
 
 constexpr int kMostFiles = 100000;  // of one record; a folder that refuses every name is not tried for ever
 
-// A key may hold what no file name can.
-std::string fileKey(std::string_view key) {
-  std::string name(trim(key));
-  std::ranges::replace_if(
-      name, [](char c) { return std::string_view("/\\:*?\"<>|~").find(c) != std::string_view::npos; }, '_');
-  return name;
-}
-
 std::string extensionOf(std::string_view path) {
   const std::string name = fileNameOf(path);
   const auto point = name.rfind('.');
@@ -35,12 +27,19 @@ double numberOf(std::string_view name) {
 
 }  // namespace
 
+std::string asFileName(std::string_view text) {
+  std::string name(trim(text));
+  std::ranges::replace_if(
+      name, [](char c) { return std::string_view("/\\:*?\"<>|~").find(c) != std::string_view::npos; }, '_');
+  return name;
+}
+
 std::string Attachments::folder(AttachmentKind kind) const {
   return joinPath(dataFolder_, kind == AttachmentKind::Picture ? "\\pics" : "\\docs");
 }
 
 std::string Attachments::stem(std::string_view key) const {
-  return code_ + fileKey(key) + "~";
+  return code_ + asFileName(key) + "~";
 }
 
 std::string Attachments::pathOf(AttachmentKind kind, std::string_view name) const {

@@ -9,6 +9,9 @@
 
 namespace zelvo {
 
+/// A text as a file can be named; what no file name can hold is "_" in it.
+std::string asFileName(std::string_view text);
+
 enum class AttachmentKind { Document, Picture };
 
 /// The documents and pictures of one record. They lie in "\docs\" and "\pics\" of the data folder, where every computer

@@ -73,6 +73,12 @@ ShownBoxes recordToScreen(const Recordset& records, Screen& screen) {
   return shown;
 }
 
+void showParcel(const Recordset& records, Screen& screen) {
+  setBoxText(screen, kSectionBox, shownSection(records));
+  for (const auto& [box, column] : {std::pair(3, "BLK"), {4, "LOT"}, {5, "LOD"}, {6, "SUB"}})
+    setBoxText(screen, box, records.text(column));
+}
+
 void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& before) {
   const Table& table = records.table();
   for (const Column& column : table.columns) {

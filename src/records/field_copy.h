@@ -16,6 +16,9 @@ using ShownBoxes = std::map<int, std::string>;
 /// The section box shows section and suffix with a "." between them.
 ShownBoxes recordToScreen(const Recordset& records, Screen& screen);
 
+/// Writes the parcel of the current record, of whatever kind, into the boxes of a screen.
+void showParcel(const Recordset& records, Screen& screen);
+
 /// Copies the screen's boxes into the row that is being added or changed. The key column is not copied: code sets it.
 /// A section with a "." is parted into section and suffix; one without leaves the suffix as it was.
 void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& before);

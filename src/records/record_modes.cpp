@@ -58,22 +58,23 @@ void RecordScreen::clearPage() {
 
 void RecordScreen::INew_Click() {
   clearPage();
-  beginNew();
+  beginNew(false);
 }
 
 void RecordScreen::ICopy_Click() {
   shown_.clear();
   clearForCopy();
-  beginNew();
+  beginNew(true);
 }
 
-void RecordScreen::beginNew() {
+void RecordScreen::beginNew(bool copy) {
   returnTo_ = records().bookmark();
   numbering_.catchUp();
   while (!numbering_.automatic() && keyInUse(proposedKey()))
     numbering_.bump();
   proposed_ = proposedKey();
   Text1(1).text = proposed_;
+  prefillNew(copy);
   lblStatus.caption = "New " + std::string(kind_.noun);
   clearWarnings();
   SSTab1.current = kRecordPage;

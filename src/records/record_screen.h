@@ -86,6 +86,8 @@ class RecordScreen : public Screen {
   /// The clerk left one of the boxes of the parcel.
   virtual void leftParcel() {}
   virtual void enableOwnButtons(bool /*browsing*/) {}
+  /// What a new record begins with, behind its number; a copy has the texts of the old one already.
+  virtual void prefillNew(bool /*copy*/) {}
   /// Stores what goes with the record, which is current, its parcel registered: all of it is stored or nothing.
   virtual Result<void> storeAlong() { return {}; }
   /// The new record is stored and current: which records are shown from now on.
@@ -188,7 +190,7 @@ class RecordScreen : public Screen {
   void showParcelWarnings();
   void clearWarnings();
   void clearPage();
-  void beginNew();
+  void beginNew(bool copy);
   void beginSearch();
   void find();
   void lockRecord(bool locked);

@@ -2,32 +2,17 @@
 
 #include <sys/stat.h>
 
-#include "base/files.h"
-#include "data/catalogue.h"
-#include "data/connection.h"
-#include "data/recordset.h"
 #include "records/permits/a_permits.h"
-#include "support/scripted_desk.h"
-#include "support/temp_folder.h"
+#include "support/record_office.h"
 
 namespace zelvo::testing {
 
 /// An office with empty databases, one clerk, and the permit screen.
-class PermitOffice : public ::testing::Test {
+class PermitOffice : public RecordOffice {
  protected:
-  PermitOffice() {
-    at.session.programFolder = folder.path();
-    at.session.dataFolder = folder.file("data");
-    at.session.formsFolder = folder.file("forms");
-    at.session.userId = "Clara Whitcombe-Saunders";
-    EXPECT_TRUE(makeFolder(at.session.dataFolder).ok());
-    EXPECT_TRUE(makeFolder(at.session.formsFolder).ok());
-    for (const char* table : {"BLDGPERM", "SBL"})
-      EXPECT_TRUE(createDatabase(path(findTable(table)->file), *findTable(table)).ok());
+  PermitOffice() : RecordOffice({"BLDGPERM", "SBL"}) {
     at.screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters); });
   }
-
-  std::string path(std::string_view name) { return joinPath(at.session.dataFolder, name); }
 
   APermits& open() {
     at.screens.sweep();
@@ -51,28 +36,12 @@ class PermitOffice : public ::testing::Test {
               answer);
   }
 
-  /// The rows that a query finds in a database now, seen by a second computer.
-  std::unique_ptr<Recordset> look(std::string_view file, std::string_view query) {
-    auto connection = Connection::open(connectionText(path(file)));
-    EXPECT_TRUE(connection.ok());
-    auto records = Recordset::open(*connection, query);
-    EXPECT_TRUE(records.ok()) << (records ? "" : records.error().message);
-    return std::move(*records);
-  }
   std::unique_ptr<Recordset> permitsNow() { return look("db1.mdb", "Select * from BLDGPERM order by PERMIT"); }
 
   void addOther(std::string_view key) {
-    auto other = permitsNow();
-    other->AddNew();
-    other->set("PERMIT", key);
-    other->set("BLDGPRM", key.substr(3));
-    EXPECT_TRUE(other->Update().ok());
+    const std::string number(key);
+    addRow("BLDGPERM", {{"PERMIT", number.c_str()}, {"BLDGPRM", number.c_str() + 3}});
   }
-
-  TempFolder folder;
-  ScriptedDesk at;
-  mdb parcels{at.session};
-  LetterPrinter letters{at.desk};
 };
 
 }  // namespace zelvo::testing

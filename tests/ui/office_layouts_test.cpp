@@ -13,6 +13,8 @@
 #include "documents/preview/pages_frm.h"
 #include "documents/print_frm.h"
 #include "documents/reports/report_frm.h"
+#include "enforcement/inspections/inspection_report_frm.h"
+#include "enforcement/inspections/permit_rows.h"
 #include "records/columns_frm.h"
 #include "records/conflict_frm.h"
 #include "records/note_frm.h"
@@ -51,7 +53,7 @@ class OfficeLayouts : public ::testing::Test {
 
   OfficeLayouts() {
     at.session.programFolder = at.session.dataFolder = folder.path();
-    for (const char* table : {"BLDGPERM", "SBL"})
+    for (const char* table : {"BLDGPERM", "INSPDTL", "SBL"})
       EXPECT_TRUE(createDatabase(joinPath(folder.path(), findTable(table)->file), *findTable(table)).ok());
   }
 
@@ -62,7 +64,7 @@ class OfficeLayouts : public ::testing::Test {
 
 TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
   for (const char* name : {"PswFrm", "pswhelp", "MenuFrm", "frmAbout", "LoadingFrm", "coordsfrm", "Preview", "UserMgr",
-                           "LabelFrm", "restorefrm", "PrefFrm", "APermits"}) {
+                           "LabelFrm", "restorefrm", "PrefFrm", "APermits", "BInspections"}) {
     Screen* screen = at.screens.open(name);
     ASSERT_NE(screen, nullptr) << name;
     check(*screen);
@@ -86,6 +88,10 @@ TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
   check(entry);
   PrintFrm options(at.desk, "Print Permit 26-1", {"Building Permit"});
   check(options);
+  InspReportFrm inspections(at.desk);
+  check(inspections);
+  PermitChoice which(at.desk, *permitsWith(at.desk, ""));
+  check(which);
   ReportFrm period(at.desk, "Monthly permits");
   check(period);
   PagesFrm pages(at.desk, {{"Building Permit", folder.file("tmp.rtf"), {}}, {}});

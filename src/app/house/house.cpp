@@ -4,6 +4,7 @@
 #include "documents/editor/editor.h"
 #include "documents/editor/header_frm.h"
 #include "documents/labels/label_frm.h"
+#include "enforcement/inspections/b_inspections.h"
 #include "records/permits/a_permits.h"
 #include "shell/shell_screens.h"
 
@@ -24,6 +25,8 @@ void House::learnDocumentScreens(Screens& screens) {
 
 void House::learnRecordScreens(Screens& screens) {
   screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels_, letters_); });
+  screens.learn("BInspections",
+                [this](Desk& desk) { return std::make_unique<BInspections>(desk, parcels_, letters_); });
 }
 
 }  // namespace zelvo

@@ -1,4 +1,5 @@
 #include "app/town/make_town.h"
+#include "app/town/checklists.h"
 
 #include <functional>
 #include <vector>
@@ -108,7 +109,14 @@ Result<void> writeNumbers(const std::string& folder, const TownPlan& plan, const
   return writeLines(joinPath(folder, "sblversion.txt"), {"13"});
 }
 
-/// The latest permit has a document and a photograph in its folders.
+Result<void> writeChecklists(const std::string& folder) {
+  std::vector<TownFile> files;
+  for (const TownChecklist& checklist : townChecklists())
+    files.push_back({joinPath(joinPath(folder, "checklist"), checklist.name), checklist.richText});
+  return writeFiles(files);
+}
+
+/// The latest permit has a document and a photograph in its folders, the first inspection a photograph.
 Result<void> attachFiles(const std::string& folder, const TownPlan& plan) {
   if (plan.permits.count() == 0)
     return {};
@@ -116,7 +124,8 @@ Result<void> attachFiles(const std::string& folder, const TownPlan& plan) {
   const std::string name = "01" + permit.number + "~1";
   return writeFiles({{folder + "/docs/" + name + ".txt",
                       "Plans for " + permit.description + " at " + permit.parcel.location + " received.\r\n"},
-                     {folder + "/pics/" + name + ".bmp", housePhotograph()}});
+                     {folder + "/pics/" + name + ".bmp", housePhotograph()},
+                     {folder + "/pics/021~1.bmp", housePhotograph()}});
 }
 
 Result<void> makeDataFolder(const std::string& folder, const TownPlan& plan, std::ostream& progress) {
@@ -131,7 +140,7 @@ Result<void> makeDataFolder(const std::string& folder, const TownPlan& plan, std
                   [&] { return fillFireProperties(filler, plan); }, [&] { return fillFireInspections(filler, plan); },
                   [&] { return fillMeetings(filler); }, [&] { return fillParcels(filler, plan, notes); },
                   [&] { return writeNumbers(folder, plan, notes); }, [&] { return writeOfficeLists(folder); },
-                  [&] { return attachFiles(folder, plan); }});
+                  [&] { return writeChecklists(folder); }, [&] { return attachFiles(folder, plan); }});
 }
 
 }  // namespace

@@ -56,6 +56,8 @@ Result<void> writeOfficeLists(std::string_view dataFolder) {
       {"bins.txt", listed(kBuildingInspections)},
       {"oins.txt", listed(kOtherInspections)},
       {"cins.txt", listed(kComplaintTypes)},
+      {"ccatn.txt", {"07 Noise", "12 Fence"}},
+      {"ccatl.txt", {"BO Bonfire", "SI Sign"}},
       {"fees.txt", listed(kFeeItems)},
       {"clist.txt", listed(kChecklist)},
       {"pt.txt", permitTypes()},

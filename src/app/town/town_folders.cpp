@@ -14,8 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array<const char*, 5> kFolders = {"program/memos", "program/pics", "program/labels", "data/docs",
-                                                 "data/pics"};
+constexpr std::array<const char*, 6> kFolders = {"program/memos", "program/pics", "program/labels",
+                                                 "data/docs",     "data/pics",    "data/checklist"};
 
 Error notEmpty(const std::string& folder) {
   return {Trouble::Duplicate, "\"" + folder +

@@ -1,6 +1,5 @@
 #include "records/permits/a_permits.h"
 
-#include "base/files.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "data/lookup/parcel_lookup.h"
@@ -9,14 +8,6 @@
 namespace zelvo {
 
 namespace {
-
-std::vector<std::string> pickList(const Session& session, std::string_view file) {
-  std::vector<std::string> entries;
-  for (const std::string& line : readLines(joinPath(session.dataFolder, file)).valueOr({}))
-    if (!trim(line).empty())
-      entries.emplace_back(trim(line));
-  return entries;
-}
 
 std::string shownDate(const Value& value) {
   const auto moment = value.moment();

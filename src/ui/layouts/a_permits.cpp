@@ -1,4 +1,5 @@
 #include "ui/layouts/layouts.h"
+#include "ui/layouts/record_pages.h"
 
 namespace zelvo {
 
@@ -6,30 +7,7 @@ namespace {
 
 // The whole permit on one page: what it is, whose it is, what is built. Texts that run long stand over the full width
 // of their column; numbers that belong together share a line.
-constexpr LayoutRow kAPermitsRows[] = {
-    tool("INew", Glyph::New),
-    tool("ICopy", Glyph::Document),
-    tool("IAdd", Glyph::Add),
-    tool("IEdit", Glyph::Edit),
-    tool("ISave", Glyph::Save),
-    tool("ICancel", Glyph::Cancel),
-    toolGap(),
-    tool("IMoveFirst", Glyph::First, "Alt+Home"),
-    tool("IMovePrev", Glyph::Previous, "Alt+Left"),
-    toolText("lblStatus", 24),
-    tool("IMoveNext", Glyph::Next, "Alt+Right"),
-    tool("IMoveLast", Glyph::Last, "Alt+End"),
-    toolGap(),
-    tool("ILocate", Glyph::Find),
-    tool("iReset", Glyph::Reset),
-    tool("delr", Glyph::Void),
-    tool("recinfod", Glyph::Info),
-    tool("iNote", Glyph::Pen),
-    tool("iPrint", Glyph::Print),
-    tool("Quit", Glyph::Quit),
-    tool("lblVoided"),
-    tool("Label28"),
-
+constexpr LayoutRow kOwnRows[] = {
     page(0),
     column(9),
     group("Permit"),
@@ -95,27 +73,9 @@ constexpr LayoutRow kAPermitsRows[] = {
     beside("Text5", "Remark", 16),
     group("Notes"),
     field("Text1(42)", {}, 0, kFill),
-
-    page(1),
-    field("ListView1", {}, 0, kFill),
-    field("txtFilter", "Only with", 30),
-    beside("cmdColumns"),
-
-    page(2),
-    column(2),
-    group("Files of this record"),
-    field("IDoc"),
-    beside("IPic"),
-    beside("loadp"),
-    field("prevfile"),
-    beside("nextFile"),
-    beside("openFile"),
-    field("lblFile"),
-    field("ListView2", {}, 0, kFill),
-    column(3),
-    group("Picture"),
-    picture("picFile", 80, 26),
 };
+
+constexpr auto kAPermitsRows = recordLayout(kOwnRows);
 
 }  // namespace
 

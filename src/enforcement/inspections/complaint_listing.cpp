@@ -1,0 +1,84 @@
+#include "enforcement/inspections/complaint_listing.h"
+
+#include "base/text.h"
+#include "documents/reports/report_shape.h"
+#include "documents/rtf_writer.h"
+#include "enforcement/code_tables.h"
+#include "enforcement/inspections/inspection_codes.h"
+#include "enforcement/inspections/inspection_reports.h"
+
+namespace zelvo {
+
+namespace {
+
+constexpr std::string_view kTop =
+    "{\\rtf1\\ansi\\uc1{\\fonttbl{\\f0\\fmodern\\fcharset0\\fprq1 Courier New;}}\r\n"
+    "\\pard\\plain\\qc\\f0\\fs18 %mh\\par\r\n\\pard\\plain\\qc\\f0\\fs18\\b %sh\\b0\\par\r\n"
+    "\\pard\\plain\\f0\\fs18\\par\r\n";
+constexpr std::string_view kHeads[] = {"DATE         S-B-L         POS. OWNER NAME           COMPLAINANT",
+                                       "INV.ASSGN        RES       COMPLAINT"};
+// Where the heads stand.
+constexpr std::size_t kParcelAt = 13, kOwnerAt = 27, kComplainantAt = 53, kResultAt = 17, kTextAt = 27;
+constexpr std::size_t kLine = 92;
+constexpr std::size_t kGap = 1;
+
+/// The text in lines of at most `width` characters, broken at blanks where there are any.
+std::vector<std::string> wrapped(std::string_view text, std::size_t width) {
+  std::vector<std::string> lines(1);
+  for (const std::string& word : split(shortened(text, text.size()), ' ')) {
+    std::string_view rest = word;
+    if (!lines.back().empty() && length(lines.back()) + 1 + length(rest) > width)
+      lines.emplace_back();
+    if (!lines.back().empty())
+      lines.back() += ' ';
+    for (; length(rest) > width; rest.remove_prefix(left(rest, width).size())) {
+      lines.back() = left(rest, width);
+      lines.emplace_back();
+    }
+    lines.back() += rest;
+  }
+  return lines;
+}
+
+std::string cell(std::string_view text, std::size_t from, std::size_t to) {
+  return padRight(shortened(text, to - from - kGap), to - from);
+}
+
+void addBlock(const Recordset& row, std::vector<std::string>& lines) {
+  lines.push_back(cell(reportDate(row, "NRECNO"), 0, kParcelAt) + cell(parcelOf(row), kParcelAt, kOwnerAt) +
+                  cell(row.text("OWNNAME1"), kOwnerAt, kComplainantAt) +
+                  shortened(row.text("COMNAME1"), kLine - kComplainantAt));
+  std::string before = cell(row.text("INSVEST"), 0, kResultAt) +
+                       cell(shownCode(row.text("INSPRESULT"), RCode2Combo), kResultAt, kTextAt);
+  for (const std::string& line : wrapped(row.text("NATURE"), kLine - kTextAt)) {
+    lines.push_back(before + line);
+    before.assign(kTextAt, ' ');
+  }
+  lines.emplace_back();
+}
+
+}  // namespace
+
+Result<void> printComplaints(Desk& desk, LetterPrinter& letters, Recordset& complaints, std::string_view title) {
+  std::vector<std::string> lines(std::begin(kHeads), std::end(kHeads));
+  lines.emplace_back(kLine, '=');
+  std::size_t count = 0;
+  for (; !complaints.Eof(); complaints.MoveNext())
+    if (complaints.text("STATUS") != "V") {
+      addBlock(complaints, lines);
+      ++count;
+    }
+  if (count == 0) {
+    desk.messages.tell(" Record(s) not Found", "No records meet the criteria.");
+    return {};
+  }
+  lines.push_back("TOTAL = " + std::to_string(count));
+  letters.context.subheading = title;
+  std::string rtf = letters.fill(std::string(kTop) + "}");
+  rtf.pop_back();
+  for (const std::string& line : lines)
+    rtf += rtfText(trimRight(line)) + "\\par\r\n";
+  return letters.printText(rtf + "}", title);
+}
+
+}  // namespace zelvo

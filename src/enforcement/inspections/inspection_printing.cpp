@@ -1,0 +1,188 @@
+// The documents of an inspection: the report on a permit's inspections, the detail of one, the record of a complaint,
+// and the checklist that an inspector fills.
+
+#include "base/files.h"
+#include "base/text.h"
+#include "data/query_text.h"
+#include "documents/print_frm.h"
+#include "documents/reports/report_heading.h"
+#include "documents/reports/report_shape.h"
+#include "documents/rtf_writer.h"
+#include "enforcement/code_tables.h"
+#include "enforcement/inspections/b_inspections.h"
+#include "enforcement/inspections/inspection_codes.h"
+#include "enforcement/inspections/inspection_reports.h"
+
+namespace zelvo {
+
+using namespace inspection_box;
+
+namespace {
+
+constexpr std::string_view kLineSize = "\\fs18 ";  // 9 point
+constexpr std::size_t kValueWidth = 70;            // what stands behind a label of a record line
+
+std::string_view headingOf(std::string_view category) {
+  return upper(category) == "B" ? "\\inspbhead.rtf" : upper(category) == "O" ? "\\inspohead.rtf" : "";
+}
+
+std::string asRichLines(int font, const std::vector<std::string>& lines) {
+  std::string rtf = "\\pard\\plain\\uc1\\f" + std::to_string(font) + std::string(kLineSize);
+  for (const std::string& line : lines)
+    rtf += rtfText(line) + "\\par\r\n";
+  return rtf;
+}
+
+}  // namespace
+
+// ---- what the letters are filled with
+
+// docs/letters.md lists the values for the office.
+void BInspections::fillContext(MergeContext& context) {
+  const Recordset& row = records();
+  const bool complaint = isCategory("COMPLAINT");
+  context.parcel = parcelOf(row);
+  const std::string values[] = {row.text("RECNO"),
+                                reportDate(row, "DATEINSP"),
+                                reportDate(row, "INSPDATE"),
+                                row.text("OWNNAME1"),
+                                row.text("OWNADDR1"),
+                                row.text("OWNPHONE"),
+                                context.parcel,
+                                Combo1.text,
+                                Combo2.text,
+                                Combo4.text,
+                                row.text("INSPINIT"),
+                                row.text("PERMIT"),
+                                row.text("COMNAME1"),
+                                row.text("COMADDR1"),
+                                row.text("COMPHONE"),
+                                row.text("INSPCOMM1"),
+                                row.text("NATURE"),
+                                reportDate(row, "NRECNO"),
+                                row.text("INSVEST"),
+                                row.text("NOTES")};
+  context.values.fill("");
+  std::copy(std::begin(values), std::end(values), context.values.begin() + 1);
+  splitAddress(row.text(complaint ? "COMADDR1" : "OWNADDR1"), context);
+  context.name = row.text(complaint ? "COMNAME1" : "OWNNAME1");
+  context.ln = context.id = row.text("RECNO");
+  context.mi = desk.session.municipality.name;
+  context.ms = desk.session.userId;
+  context.me = desk.session.municipality.telephone;
+  context.counter = 1;
+}
+
+std::string BInspections::PlugVars(std::string_view text) {
+  fillContext(letters_.context);
+  return letters_.fill(text);
+}
+
+std::vector<std::string> BInspections::recordLines(const Recordset& row) const {
+  const auto line = [](std::string_view label, std::string_view value) {
+    return std::string(label) + shortened(value, kValueWidth);
+  };
+  return {line("INSPECTION CATEGORY: ", shownCode(row.text("INSPCATEG"), ICode2Combo)),
+          line("    INSPECTION TYPE: ", row.text("INSPTYPE")),
+          line(" DATE OF INSPECTION: ", reportDate(row, "DATEINSP")),
+          line(" INSPECTION RESULTS: ", shownCode(row.text("INSPRESULT"), RCode2Combo)) +
+              line("       BY: ", row.text("INSPINIT")),
+          line("INSPECTION COMMENTS: ", row.text("INSPCOMM1"))};
+}
+
+// ---- the printouts
+
+// The heading is merged first and then stands where the template has its letterhead.
+Result<void> BInspections::printWith(std::string_view letter, std::string_view heading, std::string_view title,
+                                     const std::vector<std::string>& lines) {
+  const auto rtf = letters_.read(letter);
+  if (!rtf)
+    return rtf.error();
+  letters_.context.subheading = upper(title);
+  if (const auto top = heading.empty() ? Result<std::string>(std::string()) : letters_.read(heading))
+    letters_.context.letterhead = top->empty() ? "" : PlugVars(*top);
+  const ReportHeading merged(PlugVars(*rtf));
+  letters_.context.letterhead.clear();
+  showStatus("Printing to default printer...");
+  auto printed = letters_.printText(merged.opened("") + asRichLines(merged.font(), lines) + "}", title);
+  showStatus("");
+  return printed;
+}
+
+Result<void> BInspections::PrintInspRep() {
+  const std::string permit = records().text("PERMIT");
+  const std::string category = records().text("INSPCATEG");
+  const auto connection = Connection::open(desk.session.queryFor(QuerySlot::Inspections).connection);
+  if (!connection)
+    return connection.error();
+  const std::string which = permit.empty() ? columnIs("RECNO", key())
+                                           : columnIs("PERMIT", permit) + " and " + columnIs("INSPCATEG", category);
+  const auto rows = Recordset::open(*connection, "Select * from INSPDTL where " + which + " order by [DATEINSP]");
+  if (!rows)
+    return rows.error();
+  std::vector<std::string> lines;
+  for (Recordset& row = **rows; !row.Eof(); row.MoveNext()) {
+    if (row.text("STATUS") == "V" && row.text("RECNO") != key())
+      continue;
+    for (std::string& line : recordLines(row))
+      lines.push_back(std::move(line));
+    lines.emplace_back();
+  }
+  return printWith("\\insprep.rtf", headingOf(category), "Inspection Report", lines);
+}
+
+Result<void> BInspections::PrintInspDetail() {
+  return printWith("\\insprepd.rtf", "", "Detail of Inspection", recordLines(records()));
+}
+
+Result<void> BInspections::PrintComplaint() {
+  return printWith("\\complaint.rtf", "", "Record of Complaint", recordLines(records()));
+}
+
+Result<void> BInspections::doprint(std::string_view type) {
+  switch (type.empty() ? '\0' : type.front()) {
+    case 'I':
+      return PrintInspRep();
+    case 'R':
+      return PrintComplaint();
+    case 'D':
+      return PrintInspDetail();
+    case 'C':
+      iChecklist_Click();
+      return {};
+    default:
+      return Error{Trouble::BadInput, "There is no printout \"" + std::string(type) + "\"."};
+  }
+}
+
+void BInspections::iPrint_Click() {
+  PrintFrm options(desk, "Print Inspection " + key(),
+                   {"Inspection Report", "Checklist", "Record of Complaint", "Detail of Inspection"});
+  desk.screens.showModal(options);
+  if (!options.accepted() || desk.ended())
+    return;
+  if (const auto printed = doprint(desk.session.print.type); !printed)
+    desk.messages.tell(" " + caption, printed.error().message, Icon::Critical);
+}
+
+// ---- the checklist
+
+void BInspections::iChecklist_Click() {
+  if (isUnpicked(Combo1.text) || isUnpicked(Combo2.text))
+    return desk.messages.tell(" Checklist", "You must select Inspection Category\nand Inspection Type first.",
+                              Icon::Exclamation);
+  showStatus("Getting Checklist...");
+  const std::string path = joinPath(desk.session.dataFolder, checklistName(Combo1.text, Combo2.text));
+  if (!FileExists(path))
+    desk.messages.tell(" Checklist", "Checklist not found.", Icon::Exclamation);
+  else
+    OpenDocument(desk, path);
+  showStatus("");
+}
+
+void BInspections::iReports_Click() {
+  if (const auto listed = listInspections(desk, letters_); !listed)
+    desk.messages.tell(" " + caption, listed.error().message, Icon::Critical);
+}
+
+}  // namespace zelvo
