@@ -192,6 +192,8 @@ class ListRows {
   virtual ~ListRows() = default;
   virtual std::size_t count() const = 0;
   virtual std::string cell(std::size_t row, std::size_t column) const = 0;
+  /// The path of the picture that stands small beside the row; empty: none.
+  virtual std::string picture(std::size_t /*row*/) const { return ""; }
 };
 
 /// Rows held in memory, for short lists.
@@ -199,8 +201,10 @@ class MemoryRows : public ListRows {
  public:
   std::size_t count() const override { return rows.size(); }
   std::string cell(std::size_t row, std::size_t column) const override;
+  std::string picture(std::size_t row) const override { return row < pictures.size() ? pictures[row] : ""; }
 
   std::vector<std::vector<std::string>> rows;
+  std::vector<std::string> pictures;  ///< of the rows, where they have any
 };
 
 class ListView : public Control {
@@ -217,6 +221,7 @@ class ListView : public Control {
   std::vector<ListColumn> columns;
   std::shared_ptr<const ListRows> rows;
   std::optional<std::size_t> selected;  ///< from 0; a face keeps it in sight
+  bool hasPictures = false;             ///< its rows are tall enough for theirs
   bool sortable = false;                ///< a click on a column's head is something that the screen hears of
   std::optional<std::size_t> sortedBy;  ///< the column that the rows are in the order of
   /// The column whose order the rows have while the user sorted them by none; nothing when no column shown has it.

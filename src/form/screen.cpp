@@ -109,6 +109,13 @@ Result<void> Screen::userPicksFromTextMenu(std::string_view entry, TextBox* box)
   return {};
 }
 
+Result<void> Screen::userDrops(const std::vector<std::string>& files) {
+  if (!takesFiles() || !desk.screens.reachable(*this))
+    return Error{Trouble::BadInput, name_ + " takes no files now"};
+  guarded([&] { Form_Drop(files); });
+  return {};
+}
+
 void Screen::userAsksForHelp() {
   guarded([this] { desk.screens.showHelp(*this); });
 }

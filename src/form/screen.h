@@ -50,6 +50,9 @@ class Screen {
   /// or left.
   Result<void> userPicksFromTextMenu(std::string_view entry, TextBox* box = nullptr);
   void userAsksForHelp();
+  /// Files of the desktop dropped onto the window. Refused where the screen has no use for them.
+  Result<void> userDrops(const std::vector<std::string>& files);
+  virtual bool takesFiles() const { return false; }
 
   /// The day that it is, for dates that are typed short.
   Date today() const;
@@ -79,6 +82,7 @@ class Screen {
   virtual void Form_Close();
   /// For boxes that suggest something.
   virtual std::vector<std::string> typedBefore(const TextBox& box);
+  virtual void Form_Drop(const std::vector<std::string>& /*files*/) {}
   void setFocus(Control& control, bool all = false);
   /// Shows a line at the foot of the window at once, even while the handler still runs.
   void showStatus(std::string_view text);

@@ -14,12 +14,15 @@ AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code
       openFile(screen, "openFile", "Open"),
       ListView2(screen, "ListView2"),
       lblFile(screen, "lblFile"),
+      txtCaption(screen, "txtCaption"),
       picFile(screen, "picFile"),
       desk_(desk),
       files_(desk.session.dataFolder, code),
       documents_(documents) {
   IDoc.chosen = true;
-  ListView2.columns = {{" File ", 40}};
+  ListView2.columns = {{" File ", 26}, {" Caption ", 30}};
+  txtCaption.maxLength = 200;
+  txtCaption.tip = "What it shows";
   prevfile.tip = "Previous file of this record";
   nextFile.tip = "Next file of this record";
   enable(false);
@@ -28,8 +31,9 @@ AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code
 void AttachmentPage::enable(bool onRecord) {
   for (Control* control : std::initializer_list<Control*>{&IDoc, &IPic, &loadp})
     control->enabled = onRecord;
-  for (Control* control : std::initializer_list<Control*>{&prevfile, &nextFile, &openFile})
+  for (Control* control : std::initializer_list<Control*>{&prevfile, &nextFile, &openFile, &txtCaption})
     control->enabled = onRecord && !names_.empty();
+  txtCaption.locked = !txtCaption.enabled;
 }
 
 void AttachmentPage::show(std::string_view key) {
@@ -45,22 +49,43 @@ void AttachmentPage::showKind(AttachmentKind kind) {
 
 void AttachmentPage::list() {
   names_ = files_.names(kind(), key_);
-  auto rows = std::make_shared<MemoryRows>();
-  for (const std::string& name : names_)
-    rows->rows.push_back({name});
-  ListView2.rows = rows;
+  showRows();
   ListView2.selected.reset();
-  ListView2.rowsChanged();
   picFile.caption.clear();
+  txtCaption.text.clear();
   lblFile.caption = names_.empty() ? "no files" : "";
   enable(!key_.empty());
   if (!names_.empty())
     select(0);
 }
 
+void AttachmentPage::showRows() {
+  auto rows = std::make_shared<MemoryRows>();
+  ListView2.hasPictures = kind() == AttachmentKind::Picture;
+  for (const std::string& name : names_) {
+    rows->rows.push_back({name, files_.caption(kind(), name)});
+    if (ListView2.hasPictures)
+      rows->pictures.push_back(files_.pathOf(kind(), name));
+  }
+  ListView2.rows = rows;
+  ListView2.rowsChanged();
+}
+
+void AttachmentPage::saveCaption() {
+  if (!ListView2.selected || *ListView2.selected >= names_.size())
+    return;
+  const std::string& name = names_[*ListView2.selected];
+  if (trim(txtCaption.text) == files_.caption(kind(), name))
+    return;
+  if (const auto kept = files_.setCaption(kind(), name, txtCaption.text); !kept)
+    return desk_.messages.tell(" Caption", kept.error().message, Icon::Exclamation);
+  showRows();
+}
+
 void AttachmentPage::select(std::size_t row) {
   ListView2.selected = row;
   lblFile.caption = "File " + std::to_string(row + 1) + " of " + std::to_string(names_.size());
+  txtCaption.text = files_.caption(kind(), names_[row]);
   picFile.caption = kind() == AttachmentKind::Picture ? files_.pathOf(AttachmentKind::Picture, names_[row]) : "";
 }
 
@@ -85,6 +110,24 @@ void AttachmentPage::open() {
     OpenDocument(desk_, files_.pathOf(kind(), names_[*ListView2.selected]));
 }
 
+bool AttachmentPage::attach(AttachmentKind kind, const std::string& source) {
+  const auto attached = files_.attach(kind, key_, source);
+  if (!attached) {
+    desk_.messages.tell(kind == AttachmentKind::Picture ? " Image" : " File", attached.error().message,
+                        Icon::Exclamation);
+    return false;
+  }
+  showKind(kind);
+  select(names_.size() - 1);
+  return true;
+}
+
+void AttachmentPage::drop(const std::vector<std::string>& files) {
+  for (const std::string& file : files)
+    if (!attach(kindOfFile(file), file))
+      return;
+}
+
 void AttachmentPage::loadp_Click() {
   const bool picture = kind() == AttachmentKind::Picture;
   const FilePicker picker =
@@ -93,11 +136,8 @@ void AttachmentPage::loadp_Click() {
   const auto source = desk_.pickers.openFile(picker);
   if (!source)
     return;
-  const auto attached = files_.attach(kind(), key_, *source);
-  if (!attached)
-    return desk_.messages.tell(picture ? " Image" : " File", attached.error().message, Icon::Exclamation);
-  list();
-  select(names_.size() - 1);
+  if (!attach(kind(), *source))
+    return;
   if (picture)
     desk_.messages.tell(" Image Added to Library", "Scanned image added to collection.");
   else

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "form/desk.h"
 #include "form/screen.h"
@@ -20,6 +21,10 @@ class AttachmentPage {
   void show(std::string_view key);
   void showKind(AttachmentKind kind);
   void loadp_Click();
+  /// Attaches files by what they are, pictures and documents alike, and shows the last.
+  void drop(const std::vector<std::string>& files);
+  /// What the chosen file shows, as the user says it.
+  void saveCaption();
   void NextDoc();
   void PrevDoc();
   void choose();  ///< the row that the list has selected
@@ -29,10 +34,14 @@ class AttachmentPage {
   Option IDoc, IPic;
   Button loadp, prevfile, nextFile, openFile;
   ListView ListView2;
-  Label lblFile, picFile;
+  Label lblFile;
+  TextBox txtCaption;
+  Label picFile;
 
  private:
   void list();
+  void showRows();
+  bool attach(AttachmentKind kind, const std::string& source);
   void select(std::size_t row);
   AttachmentKind kind() const { return IPic.chosen ? AttachmentKind::Picture : AttachmentKind::Document; }
 

@@ -54,6 +54,29 @@ std::vector<std::string> Attachments::names(AttachmentKind kind, std::string_vie
   return found;
 }
 
+AttachmentKind kindOfFile(std::string_view path) {
+  const std::string extension = lower(extensionOf(path));
+  for (const char* picture : {".bmp", ".gif", ".jpg", ".jpeg", ".png"})
+    if (extension == picture)
+      return AttachmentKind::Picture;
+  return AttachmentKind::Document;
+}
+
+std::string Attachments::captionPath(AttachmentKind kind, std::string_view name) const {
+  return joinPath(folder(kind), "caption " + std::string(name) + ".txt");
+}
+
+std::string Attachments::caption(AttachmentKind kind, std::string_view name) const {
+  const auto lines = readLines(captionPath(kind, name));
+  return lines && !lines->empty() ? lines->front() : "";
+}
+
+Result<void> Attachments::setCaption(AttachmentKind kind, std::string_view name, std::string_view words) const {
+  if (auto made = makeFolder(folder(kind)); !made)
+    return made;
+  return writeLines(captionPath(kind, name), {std::string(trim(words))});
+}
+
 Result<std::string> Attachments::attach(AttachmentKind kind, std::string_view key, std::string_view source) const {
   if (!FileExists(source))
     return Error{Trouble::NotFound, "The file " + std::string(source) + " cannot be read. Is it still there?"};

@@ -81,7 +81,13 @@ void RecordScreen::bindAttachments() {
   onClick(attachments_.prevfile, [this] { PrevDoc(); });
   onClick(attachments_.openFile, [this] { attachments_.open(); });
   onChoose(attachments_.ListView2, [this] { attachments_.choose(); });
+  onLeave(attachments_.txtCaption, [this] { attachments_.saveCaption(); });
   onOpenRow(attachments_.ListView2, [this] { attachments_.open(); });
+}
+
+void RecordScreen::Form_Drop(const std::vector<std::string>& files) {
+  SSTab1.current = kAttachmentPage;
+  attachments_.drop(files);
 }
 
 // ---- opening

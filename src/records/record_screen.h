@@ -104,6 +104,9 @@ class RecordScreen : public Screen {
   void Form_Activate(bool first) override;
   void Form_Close() override;
   std::vector<std::string> typedBefore(const TextBox& box) override;
+  /// Files dropped onto a record are attached to it.
+  void Form_Drop(const std::vector<std::string>& files) override;
+  bool takesFiles() const override { return mode_ == Mode::Browse && datPrimaryRS_ && !dbisempty(); }
 
   Recordset& records() const { return *datPrimaryRS_; }
   Mode mode() const { return mode_; }

@@ -1,5 +1,10 @@
 #include "ui/list_model.h"
 
+#include <QDateTime>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPixmap>
+#include <QPixmapCache>
 #include <algorithm>
 #include <limits>
 
@@ -45,7 +50,27 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     return QString::fromStdString(rows_->cell(static_cast<std::size_t>(index.row()), column));
   if (role == Qt::TextAlignmentRole)
     return QVariant::fromValue(Qt::AlignVCenter | (columns_[column].toRight ? Qt::AlignRight : Qt::AlignLeft));
+  if (role == Qt::DecorationRole && column == 0)
+    return pictureOf(static_cast<std::size_t>(index.row()));
   return {};
+}
+
+// A camera's photographs are large: each is read once, as small as it is shown.
+QVariant ListModel::pictureOf(std::size_t row) const {
+  const QString path = QString::fromStdString(rows_->picture(row));
+  if (path.isEmpty())
+    return {};
+  const QString key = path + QFileInfo(path).lastModified().toString(Qt::ISODate);
+  QPixmap picture;
+  if (!QPixmapCache::find(key, &picture)) {
+    QImageReader reader(path);
+    reader.setAutoTransform(true);
+    if (const QSize size = reader.size(); size.isValid())
+      reader.setScaledSize(size.scaled(kPictureWidth, kPictureHeight, Qt::KeepAspectRatio));
+    picture = QPixmap::fromImage(reader.read());
+    QPixmapCache::insert(key, picture);
+  }
+  return picture.isNull() ? QVariant() : picture;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -13,6 +13,8 @@ class ListModel : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
 
+  static constexpr int kPictureWidth = 96, kPictureHeight = 64;  ///< most pixels of a picture beside its row
+
   /// Takes what the list holds now; true when that is something else than before.
   bool follow(const ListView& list);
 
@@ -22,6 +24,8 @@ class ListModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  QVariant pictureOf(std::size_t row) const;
+
   std::vector<ListColumn> columns_;
   std::shared_ptr<const ListRows> rows_;
   std::uint64_t revision_ = 0;

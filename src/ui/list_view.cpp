@@ -147,6 +147,7 @@ class RowsView : public ControlView {
   void showValue() override {
     if (model_->follow(list_)) {
       shown_.reset();
+      showHeight();
       showWidths();
     }
     showOrder();
@@ -185,6 +186,12 @@ class RowsView : public ControlView {
     for (std::size_t column = 0; column < widths_.size(); ++column)
       widget_->setColumnWidth(static_cast<int>(column), charactersWide(widths_[column]) + kPadding);
     placing_ = false;
+  }
+
+  void showHeight() {
+    const int line = widget_->fontMetrics().height() + 7;
+    widget_->setIconSize({ListModel::kPictureWidth, ListModel::kPictureHeight});
+    widget_->verticalHeader()->setDefaultSectionSize(list_.hasPictures ? ListModel::kPictureHeight + 8 : line);
   }
 
   // The head of the column that the rows are in the order of carries the mark.

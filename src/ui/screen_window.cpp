@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -41,6 +42,7 @@ ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
     if (edited_)
       act([this] { screen_->userRests(*edited_); });
   });
+  setAcceptDrops(true);
   refresh();
 }
 
@@ -272,6 +274,22 @@ void ScreenWindow::picks(TextBox& box, const std::string& entry) {
 void ScreenWindow::complains(const std::string& why) {
   complaint_ = why;
   refresh();
+}
+
+// Photographs from the camera's folder, dropped anywhere on the record.
+void ScreenWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (screen_ && screen_->takesFiles() && event->mimeData()->hasUrls())
+    event->acceptProposedAction();
+}
+
+void ScreenWindow::dropEvent(QDropEvent* event) {
+  std::vector<std::string> files;
+  for (const QUrl& url : event->mimeData()->urls())
+    if (url.isLocalFile())
+      files.push_back(url.toLocalFile().toStdString());
+  event->acceptProposedAction();
+  if (screen_ && !files.empty())
+    act([&] { static_cast<void>(screen_->userDrops(files)); });
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

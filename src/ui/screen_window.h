@@ -52,6 +52,8 @@ class ScreenWindow : public QMainWindow, private UserActions {
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void sets(Control& control, const std::string& value) override;

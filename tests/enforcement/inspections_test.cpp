@@ -49,7 +49,10 @@ TEST_F(InspectionOffice, WhatIsMissingIsListedInTheOfficesOrder) {
                         "--Inspection Category\n--Inspection type\n") +
                 kEnd);
   at.click(screen, "IAdd");
+  EXPECT_FALSE(at.control(screen, "Text1(12)").required);
   type(screen, {{"Combo1", "COMPLAINT"}, {"Combo3", "<select>"}, {"Text1(1)", "9"}});
+  EXPECT_TRUE(at.control(screen, "Text1(12)").required);
+  EXPECT_FALSE(at.control(screen, "Text1(7)").required) << "a complaint belongs to no permit";
   at.expect(" Missing Information",
             std::string("Missing: --Inspector\n--Location\n--Inspection result\n--S-B-L\n--Inspection type\n"
                         "--Complainant\n--Nature of Complaint\n--Property Location\n") +

@@ -69,6 +69,26 @@ TEST_F(AttachedFiles, ScreenStepsThroughTheFilesOfItsRecord) {
   EXPECT_EQ(at.shown(permits, "lblFile"), "no files");
 }
 
+TEST_F(AttachedFiles, PhotographsDroppedOntoARecordBelongToItAndCarryACaption) {
+  addOther("26-1");
+  APermits& permits = open();
+  ASSERT_TRUE(permits.userDrops({onDesk("front.JPG", "1"), onDesk("plan.pdf", "2"), onDesk("back.png", "3")}).ok());
+  EXPECT_EQ(at.shown(permits, "lblFile"), "File 2 of 2");
+  at.set(permits, "txtCaption", " From the garden ");
+  at.leave(permits, "txtCaption");
+  const auto& shown = dynamic_cast<const ListView&>(at.control(permits, "ListView2"));
+  EXPECT_EQ(shown.rows->cell(1, 0) + "|" + shown.rows->cell(1, 1), "0126-1~1.png|From the garden");
+  EXPECT_EQ(shown.rows->picture(1), joinPath(at.session.dataFolder, "\\pics\\0126-1~1.png"));
+  at.click(permits, "prevfile");
+  EXPECT_EQ(at.shown(permits, "txtCaption"), "");
+  at.click(permits, "IDoc");
+  EXPECT_EQ(at.shown(permits, "lblFile"), "File 1 of 1");
+  EXPECT_EQ(shown.rows->picture(0), "");
+
+  at.click(permits, "IEdit");
+  EXPECT_FALSE(permits.userDrops({folder.file("back.png")}).ok()) << "while it is changed";
+}
+
 TEST_F(AttachedFiles, NotesOfTheParcelAreReadAndRewritten) {
   ASSERT_TRUE(parcels.SBLAdd("12-0-0-3-45", "26-1", "Owner", "Dog in the yard", "1 Road").ok());
   addOther("26-1");

@@ -90,7 +90,8 @@ TEST_F(OfficeLayouts, PlaceEveryControlOnceAndFitTheDisplay) {
   check(options);
   InspReportFrm inspections(at.desk);
   check(inspections);
-  PermitChoice which(at.desk, *permitsWith(at.desk, ""));
+  auto permits = permitsWith(at.desk, "");
+  PermitChoice which(at.desk, std::move(*permits));
   check(which);
   ReportFrm period(at.desk, "Monthly permits");
   check(period);

@@ -30,13 +30,12 @@ BInspections::BInspections(Desk& itsDesk, mdb& itsParcels, LetterPrinter& letter
     Text1(box).manyLines = true;
   Option1.chosen = true;
   Option1.visible = Option2.visible = false;
-  ListView3.columns = {{" No. ", 7}, {" Date ", 9}, {" What ", 40}};
+  ListView3.columns = {{" No. ", 7}, {" Date ", 9}, {" What ", 24}};
   iReinspect.enabled = iChecklist.enabled = iReports.enabled = iPermit.enabled = cmdQuick.enabled = false;
   iReinspect.tip = "Begin a new inspection of the same work";
   cmdQuick.tip = "Add a plan review, passed, to the permit that is located";
   iPermit.tip = "Show the building permit of this inspection";
   declarePicks();
-  markRequired();
   bindControls();
 }
 
@@ -58,8 +57,6 @@ void BInspections::bindControls() {
   onEdit(Combo1, [this] { chooseCategory(); });
   onEdit(Text2, [this] { keepNature(); });
   onLeave(Text1(kPermit), [this] { leavePermit(); });
-  for (int part : {2, 3, 4, 5, 6})
-    onLeave(Text1(part), [this] { showMatters(); });
   onOpenRow(ListView3, [this] { openMatter(); });
   onClick(iReinspect, [this] { iReinspect_Click(); });
   onClick(iPermit, [this] { iPermit_Click(); });
@@ -343,7 +340,8 @@ void BInspections::showMatters() {
   ListView3.rows = rows;
   ListView3.selected.reset();
   ListView3.rowsChanged();
-  lblMatters.caption = matters_.empty() ? "Nothing is open on this parcel." : "";
+  const bool parcel = !boxText(*this, 2).empty() && !boxText(*this, 3).empty() && !boxText(*this, 4).empty();
+  lblMatters.caption = parcel && matters_.empty() ? "Nothing is open on this parcel." : "";
 }
 
 void BInspections::openMatter() {

@@ -25,7 +25,7 @@ class BInspections : public RecordScreen {
   void iPrint_Click();
 
   /// Fills the codes of a rich text with the inspection that is current.
-  std::string PlugVars(std::string_view text);
+  Result<std::string> PlugVars(std::string_view text);
   /// Each prints the current inspection as its document; an error says what stood in the way. PrintInspRep lists all
   /// inspections of its permit in its category.
   Result<void> PrintInspRep();
@@ -47,6 +47,7 @@ class BInspections : public RecordScreen {
   void bumpKey() override { BumpICN(); }
   bool isNeeded(const RequiredBox& box) const override;
   bool validateOwn() override;
+  void leftParcel() override { showMatters(); }
   void enableOwnButtons(bool browsing) override;
   Result<void> storeAlong() override;
   void showAfterAdd() override;

@@ -74,8 +74,10 @@ Result<void> printComplaints(Desk& desk, LetterPrinter& letters, Recordset& comp
   }
   lines.push_back("TOTAL = " + std::to_string(count));
   letters.context.subheading = title;
-  std::string rtf = letters.fill(std::string(kTop) + "}");
-  rtf.pop_back();
+  const auto top = letters.fill(std::string(kTop) + "}");
+  if (!top)
+    return top.error();
+  std::string rtf = top->substr(0, top->size() - 1);
   for (const std::string& line : lines)
     rtf += rtfText(trimRight(line)) + "\\par\r\n";
   return letters.printText(rtf + "}", title);

@@ -44,6 +44,7 @@ inline constexpr RecordKind kInspections = {
     .numbering = {"RECNO", "\\ihi.txt", "\\inb.txt", &NumberSeeds::inspection, true},
     .list = kInspectionList,
     .required = kInspectionRequired,
+    .ofParcel = {.owner = inspection_box::kOwner, .location = inspection_box::kLocation},
     .parcel = {.question = "The Section, Block and Lot info cannot be found.\nPlease ensure the S-B-L format is "
                            "followed\nIf this is a new S-B-L, click 'Yes' to add this as a new record.",
                .needed = false,

@@ -73,7 +73,7 @@ void BInspections::fillContext(MergeContext& context) {
   context.counter = 1;
 }
 
-std::string BInspections::PlugVars(std::string_view text) {
+Result<std::string> BInspections::PlugVars(std::string_view text) {
   fillContext(letters_.context);
   return letters_.fill(text);
 }
@@ -99,10 +99,14 @@ Result<void> BInspections::printWith(std::string_view letter, std::string_view h
   if (!rtf)
     return rtf.error();
   letters_.context.subheading = upper(title);
-  if (const auto top = heading.empty() ? Result<std::string>(std::string()) : letters_.read(heading))
-    letters_.context.letterhead = top->empty() ? "" : PlugVars(*top);
-  const ReportHeading merged(PlugVars(*rtf));
+  if (const auto top = heading.empty() ? Result<std::string>(std::string()) : letters_.read(heading);
+      top && !top->empty())
+    letters_.context.letterhead = PlugVars(*top).valueOr("");
+  const auto filled = PlugVars(*rtf);
   letters_.context.letterhead.clear();
+  if (!filled)
+    return filled.error();
+  const ReportHeading merged(*filled);
   showStatus("Printing to default printer...");
   auto printed = letters_.printText(merged.opened("") + asRichLines(merged.font(), lines) + "}", title);
   showStatus("");

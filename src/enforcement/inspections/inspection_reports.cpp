@@ -47,9 +47,10 @@ struct Listing {
   const ReportKind& kind;
 };
 
-std::string between(std::string_view column, std::string_view picture, Date after, Date before) {
+std::string between(std::string_view column, Date after, Date before) {
+  constexpr std::string_view kPicture = "mm/dd/yyyy";  // two digits would be taken for the last century from 2030 on
   const std::string name = "[" + std::string(column) + "]";
-  return name + " > #" + datePicture(after, picture) + "# and " + name + " < #" + datePicture(before, picture) + "#";
+  return name + " > #" + datePicture(after, kPicture) + "# and " + name + " < #" + datePicture(before, kPicture) + "#";
 }
 
 Date firstOf(Date day) {
@@ -80,7 +81,7 @@ Listing monthly(const InspectionReportWish& wish) {
 }
 
 Listing complaints(const InspectionReportWish& wish, Date after, Date before, std::string title) {
-  std::string condition = "[NATURE] <> '' and " + between("NRECNO", "mm/dd/yyyy", after, before);
+  std::string condition = "[NATURE] <> '' and " + between("NRECNO", after, before);
   if (!wish.investigator.empty())
     condition += " and " + columnLike("INSVEST", "%" + wish.investigator + "%");
   return {condition, "NRECNO", std::move(title), kComplaintListing};
@@ -89,7 +90,7 @@ Listing complaints(const InspectionReportWish& wish, Date after, Date before, st
 Listing listingFor(const InspectionReportWish& wish) {
   switch (wish.report) {
     case InspectionReport::NextDates:
-      return {between("INSPDATE", "mm/dd/yy", wish.from, wish.to), "INSPDATE", "NEXT INSPECTION DATE REPORT", kListing};
+      return {between("INSPDATE", wish.from, wish.to), "INSPDATE", "NEXT INSPECTION DATE REPORT", kListing};
     case InspectionReport::ByType:
       return byType(wish);
     case InspectionReport::Monthly:

@@ -7,7 +7,7 @@ namespace {
 
 // The whole permit on one page: what it is, whose it is, what is built. Texts that run long stand over the full width
 // of their column; numbers that belong together share a line.
-constexpr LayoutRow kOwnRows[] = {
+constexpr LayoutRow kPermitRows[] = {
     page(0),
     column(9),
     group("Permit"),
@@ -75,7 +75,7 @@ constexpr LayoutRow kOwnRows[] = {
     field("Text1(42)", {}, 0, kFill),
 };
 
-constexpr auto kAPermitsRows = recordLayout(kOwnRows);
+constexpr auto kAPermitsRows = recordLayout(kPermitRows);
 
 }  // namespace
 

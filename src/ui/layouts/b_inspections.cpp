@@ -7,7 +7,7 @@ namespace {
 
 // The inspection, where it was made, and the complaint that led to it. What is still open on the parcel stands in
 // sight.
-constexpr LayoutRow kOwnRows[] = {
+constexpr LayoutRow kInspectionRows[] = {
     page(0),
     column(10),
     group("Inspection"),
@@ -55,9 +55,9 @@ constexpr LayoutRow kOwnRows[] = {
     field("Text1(16)", {}, 0, kFill),
 };
 
-constexpr auto kRows = recordLayout(kOwnRows);
+constexpr auto kBInspectionsRows = recordLayout(kInspectionRows);
 
-constexpr LayoutRow kReportRows[] = {
+constexpr LayoutRow kInspReportRows[] = {
     group(),
     field("Combo1", "&Report", 28),
     field("DTPicker1", "&From", 12),
@@ -80,8 +80,8 @@ constexpr LayoutRow kPermitChoiceRows[] = {
 
 }  // namespace
 
-const Layout kBInspectionsLayout{"BInspections", kRows};
-const Layout kInspReportFrmLayout{"InspReportFrm", kReportRows};
+const Layout kBInspectionsLayout{"BInspections", kBInspectionsRows};
+const Layout kInspReportFrmLayout{"InspReportFrm", kInspReportRows};
 const Layout kPermitChoiceLayout{"PermitChoice", kPermitChoiceRows};
 
 }  // namespace zelvo

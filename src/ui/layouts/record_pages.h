@@ -51,6 +51,7 @@ inline constexpr std::array kRecordPages = {
     beside("openFile"),
     field("lblFile"),
     field("ListView2", {}, 0, kFill),
+    field("txtCaption", "Caption"),
     column(3),
     group("Picture"),
     picture("picFile", 80, 26),
