@@ -74,4 +74,11 @@ void OpenDocument(Desk& desk, std::string_view target) {
     desk.messages.tell(kTitle, started.error().message, Icon::Critical);
 }
 
+Error notOffered(std::string_view caption) {
+  std::string name = replaceAll(caption, "&", "");
+  while (name.ends_with('.'))
+    name.pop_back();
+  return {Trouble::NotFound, "\"" + name + "\" is not part of this program yet."};
+}
+
 }  // namespace zelvo

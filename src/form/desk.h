@@ -27,4 +27,7 @@ struct Desk {
 /// computer the program says so and ends: it could show no document at all.
 void OpenDocument(Desk& desk, std::string_view target);
 
+/// What to tell when something is chosen that the program does not offer: a caption, as it stands in the menu.
+Error notOffered(std::string_view caption);
+
 }  // namespace zelvo

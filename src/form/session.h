@@ -98,6 +98,7 @@ struct Session {
   std::array<std::string, 16> connections;
   std::array<CurrentQuery, 17> queries;  ///< slots 1 to 16
   std::string hop;                       ///< the key of the record that the next screen is to show
+  std::string feeCategory;               ///< the letter of the fees that the fee screen is asked for: "P" of a permit
   bool parcelLookupOff = false;          ///< on while a batch of records is processed: parcels are not searched
   PrintOptions print;
 

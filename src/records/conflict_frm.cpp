@@ -69,4 +69,21 @@ void ConflictFrm::cmdOK_Click() {
   closeMe();
 }
 
+bool settleConflict(Desk& desk, std::string_view who, const ScreenValues& asRead, const ScreenValues& theirs,
+                    const ScreenValues& mine) {
+  const auto called = [&desk](Control& control) { return desk.face.nameOf(control); };
+  ConflictFrm question(
+      desk, std::string(who) + ", while you worked on it. Nothing was overwritten. Please choose what is to stand.",
+      differences(asRead, theirs, mine, called));
+  if (!question.fields().empty())
+    desk.screens.showModal(question);
+  const bool settled = question.confirmed() || question.fields().empty();
+  putValues(mine);
+  if (settled)
+    for (const DifferingField& field : question.fields())
+      if (!field.keepMine)
+        field.control->put(field.theirs);
+  return settled;
+}
+
 }  // namespace zelvo

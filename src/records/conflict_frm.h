@@ -53,4 +53,10 @@ class ConflictFrm : public Screen {
   bool confirmed_ = false;
 };
 
+/// Lets the user choose where what someone else stored meanwhile differs from what is typed, and puts what is to stand
+/// on the screen; `who` begins the explanation ("Someone else changed this permit"). False, with the typing as it was,
+/// when nothing is to be stored now.
+bool settleConflict(Desk& desk, std::string_view who, const ScreenValues& asRead, const ScreenValues& theirs,
+                    const ScreenValues& mine);
+
 }  // namespace zelvo

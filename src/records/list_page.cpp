@@ -13,6 +13,8 @@ ListPage::ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQue
     : ListView1(screen, "ListView1"),
       txtFilter(screen, "txtFilter"),
       cmdColumns(screen, "cmdColumns", "Columns.."),
+      cmdPrintList(screen, "cmdPrintList", "Print list.."),
+      cmdSaveList(screen, "cmdSaveList", "Save as CSV.."),
       screen_(screen),
       desk_(desk),
       kind_(kind),
@@ -49,7 +51,8 @@ void ListPage::showColumns() {
 }
 
 void ListPage::enable(bool browsing) {
-  for (Control* control : std::initializer_list<Control*>{&txtFilter, &cmdColumns, &ListView1})
+  for (Control* control :
+       std::initializer_list<Control*>{&txtFilter, &cmdColumns, &cmdPrintList, &cmdSaveList, &ListView1})
     control->enabled = browsing;
   txtFilter.locked = !browsing;
 }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "data/recordset.h"
+#include "documents/reports/report_printer.h"
 #include "form/desk.h"
 #include "form/screen.h"
 #include "records/list_columns.h"
@@ -30,13 +31,19 @@ class ListPage {
   /// The widths that the user pulled are kept for the next time.
   void rememberWidths();
   const std::vector<ShownColumn>& columns() const { return columns_; }
+  /// The rows that are listed now, in their order and with the shown columns: to the printer, or as comma-separated
+  /// values into a file. An error says what stood in the way.
+  Result<void> print();
+  Result<void> save();
 
   ListView ListView1;
   TextBox txtFilter;
-  Button cmdColumns;
+  Button cmdColumns, cmdPrintList, cmdSaveList;
 
  private:
   void showColumns();
+  Result<void> report(ReportOutput output);
+  std::string reportTitle() const;
   std::string filterCondition() const;
   std::string captionOf(const Column& column) const;
 

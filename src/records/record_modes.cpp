@@ -32,7 +32,7 @@ void RecordScreen::lockRecord(bool locked) {
 }
 
 void RecordScreen::enableButtons() {
-  const bool browsing = mode_ == Mode::Browse;
+  const bool browsing = mode_ == Mode::Browse && !ownPagesBusy();
   const bool onRecord = browsing && !dbisempty();
   INew.enabled = browsing;
   ILocate.enabled = (browsing && !dbisempty()) || mode_ == Mode::Search;
@@ -115,9 +115,11 @@ void RecordScreen::readAgain() {
 // ---- leaving
 
 bool RecordScreen::mayLeaveUnsaved() {
-  return mode_ == Mode::Browse || mode_ == Mode::Search ||
-         desk.messages.confirm(" " + caption,
-                               "This " + std::string(kind_.noun) +
+  if ((mode_ == Mode::Browse && !ownPagesBusy()) || mode_ == Mode::Search)
+    return true;
+  const std::string noun(kind_.noun);
+  return desk.messages.confirm(" " + caption,
+                               (mode_ == Mode::Browse ? "An entry of this " + noun : "This " + noun) +
                                    " has not been stored yet.\nDo you want to leave it and lose what you typed?",
                                Icon::Exclamation, Answer::No);
 }

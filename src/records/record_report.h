@@ -27,10 +27,24 @@ class RecordReportRows : public ReportRows {
 
   bool next(std::vector<std::string>& values) override;
 
+  /// Rows for which this says no are passed over.
+  std::function<bool(const Recordset& row)> wanted;
+
  private:
   Recordset& records_;
   std::span<const ReportColumn> columns_;
   Reading reading_;
+};
+
+/// Few rows that are at hand.
+class ListedRows : public ReportRows {
+ public:
+  explicit ListedRows(std::vector<std::vector<std::string>> rows) : rows_(std::move(rows)) {}
+  bool next(std::vector<std::string>& values) override;
+
+ private:
+  std::vector<std::vector<std::string>> rows_;
+  std::size_t at_ = 0;
 };
 
 }  // namespace zelvo

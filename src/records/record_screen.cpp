@@ -71,6 +71,8 @@ void RecordScreen::bindList() {
   onLeave(list_.txtFilter, [this] { arrangeList(); });
   onRest(list_.txtFilter, [this] { filterWhileTyping(); });
   onClick(list_.cmdColumns, [this] { list_.chooseColumns(); });
+  onClick(list_.cmdPrintList, [this] { tellTrouble(list_.print()); });
+  onClick(list_.cmdSaveList, [this] { tellTrouble(list_.save()); });
 }
 
 void RecordScreen::bindAttachments() {
@@ -88,6 +90,11 @@ void RecordScreen::bindAttachments() {
 void RecordScreen::Form_Drop(const std::vector<std::string>& files) {
   SSTab1.current = kAttachmentPage;
   attachments_.drop(files);
+}
+
+void RecordScreen::tellTrouble(const Result<void>& done) {
+  if (!done)
+    desk.messages.tell(" " + caption, done.error().message, Icon::Critical);
 }
 
 // ---- opening

@@ -18,6 +18,7 @@
 #include "records/picks.h"
 #include "records/record_kind.h"
 #include "records/record_query.h"
+#include "records/sub_records/sub_record_page.h"
 #include "records/typed_before.h"
 
 namespace zelvo {
@@ -96,6 +97,12 @@ class RecordScreen : public Screen {
   virtual std::string showNoRecord();
   /// A search for something else than the kind's own records; true when that was carried out.
   virtual bool findElsewhere() { return false; }
+  /// Something is being typed on a page of the kind's own: the record stays at hand until that is settled.
+  virtual bool ownPagesBusy() const { return false; }
+  /// Writes what belongs to a record in other databases and holds it back until the record itself is stored.
+  virtual Result<Release> storeBelongings(std::string_view /*key*/) {
+    return Release([] { return Result<void>(); });
+  }
   /// The location and the owner that a new parcel is registered under.
   virtual std::string parcelOwner() const = 0;
   virtual std::string parcelLocation() const = 0;
@@ -131,6 +138,9 @@ class RecordScreen : public Screen {
   void browse();
   /// The parcel that the record will be on: a section typed without a suffix keeps the one that the record has.
   std::string parcelKey() const;
+  void enableButtons();
+  /// Says why something that was asked for could not be done.
+  void tellTrouble(const Result<void>& done);
   /// The box takes amounts: "$12,500" becomes the number that the store reads, when the clerk leaves it or stores.
   void takeAmounts(TextBox& box);
   /// Fills the boxes that ask for what a parcel says of itself, where nothing is typed yet.
@@ -189,7 +199,6 @@ class RecordScreen : public Screen {
   void arrangeRecords();
   void filterWhileTyping();
   void enter(Mode mode);
-  void enableButtons();
   void showParcelWarnings();
   void clearWarnings();
   void clearPage();
@@ -209,6 +218,7 @@ class RecordScreen : public Screen {
   Result<void> store();
   Result<void> storeParcel();
   void afterStoring();
+  void tellStoredBut(std::string_view what, std::string_view trouble);
   void stampRecord();
   void tellStoreFailed(const Error& error);
   bool resolveConflict();
@@ -231,10 +241,11 @@ class RecordScreen : public Screen {
   ScreenValues asRead_;    ///< what the page showed when the edit began
   bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
-  bool readBefore_ = true;     ///< what was typed before is to be read anew
-  std::string proposed_;       ///< the key that INew put on the screen
-  std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record
-  std::string numberTrouble_;  ///< why the next number could not be written, of the last add
+  bool readBefore_ = true;         ///< what was typed before is to be read anew
+  std::string proposed_;           ///< the key that INew put on the screen
+  std::string newParcel_;          ///< key of a parcel that the user agreed to register with this record
+  std::string numberTrouble_;      ///< why the next number could not be written, of the last add
+  std::string belongingsTrouble_;  ///< why what belongs to the record could not be stored with it
 };
 
 }  // namespace zelvo

@@ -124,7 +124,9 @@ void RecordScreen::stampRecord() {
 }
 
 // The store is held for writing from the first line to the last: a computer that adds at the same moment waits its
-// turn and then finds the number taken. The parcel goes in before the record is acknowledged, the number last.
+// turn and then finds the number taken. The parcel goes in before the record is acknowledged, then the number. What
+// belongs to the record in other databases is written before and let go behind it: a store that has no room refuses
+// all of it, and nothing ever belongs to a record that is not there.
 Result<void> RecordScreen::store() {
   auto transaction = connection_->begin();
   if (!transaction)
@@ -142,7 +144,14 @@ Result<void> RecordScreen::store() {
     const auto numbered = numbering_.noteTaken();
     numberTrouble_ = numbered ? "" : numbered.error().message;
   }
-  return transaction->commit();
+  auto belongings = storeBelongings(typedKey());
+  if (!belongings)
+    return belongings.error();
+  if (auto stored = transaction->commit(); !stored)
+    return stored;
+  const auto released = (*belongings)();
+  belongingsTrouble_ = released ? "" : released.error().message;
+  return {};
 }
 
 Result<void> RecordScreen::storeParcel() {
@@ -186,10 +195,15 @@ void RecordScreen::afterStoring() {
   if (mode_ == Mode::New)
     showAfterAdd();
   browse();
-  if (!numberTrouble_.empty())
+  tellStoredBut("the next number could not be noted", numberTrouble_);
+  tellStoredBut("what was entered on its further pages could not be stored and still waits there", belongingsTrouble_);
+}
+
+void RecordScreen::tellStoredBut(std::string_view what, std::string_view trouble) {
+  if (!trouble.empty())
     desk.messages.tell(" " + caption,
-                       "The " + std::string(kind_.noun) + " " + key() +
-                           " is stored, but the next number could not be noted:\n" + numberTrouble_,
+                       "The " + std::string(kind_.noun) + " " + key() + " is stored, but " + std::string(what) + ":\n" +
+                           std::string(trouble),
                        Icon::Exclamation);
 }
 
@@ -209,17 +223,8 @@ bool RecordScreen::resolveConflict() {
   if (!readTheirs())
     return false;
   const ScreenValues theirs = valuesOf(*this);
-  const auto called = [this](Control& control) { return desk.face.nameOf(control); };
-  ConflictFrm question(desk, whoChanged(), differences(asRead_, theirs, mine, called));
-  if (!question.fields().empty())
-    desk.screens.showModal(question);
-  if (!question.confirmed() && !question.fields().empty()) {
-    putValues(mine);
+  if (!settleConflict(desk, whoChanged(), asRead_, theirs, mine))
     return false;
-  }
-  for (const DifferingField& field : question.fields())
-    if (field.keepMine)
-      field.control->put(field.mine);
   asRead_ = theirs;
   conflict_ = false;
   return true;
@@ -248,7 +253,7 @@ std::string RecordScreen::whoChanged() const {
   text += " changed this " + std::string(kind_.noun);
   if (const auto when = records().get("TSTAMP").moment())
     text += " on " + datePicture(*when, "mm/dd/yyyy") + " at " + datePicture(*when, "hh:mm AM/PM");
-  return text + ", while you worked on it. Nothing was overwritten. Please choose what is to stand.";
+  return text;
 }
 
 }  // namespace zelvo

@@ -1,21 +1,10 @@
 #include "shell/coords_frm.h"
 
-#include <cmath>
-
 #include "base/number.h"
 #include "base/text.h"
+#include "form/map_page.h"
 
 namespace zelvo {
-
-namespace {
-
-// The text goes into a web address as it was typed, so nothing but plain degrees may pass.
-bool isDegrees(std::string_view text, double limit) {
-  return isNumber(text) && text.find_first_not_of("-.0123456789") == std::string_view::npos &&
-         std::abs(Val(text)) <= limit;
-}
-
-}  // namespace
 
 CoordsFrm::CoordsFrm(Desk& itsDesk) : Screen(itsDesk, "coordsfrm", "Coordinates lookup") {
   Text1.tip = "Degrees, such as 41.5034";
@@ -27,7 +16,7 @@ CoordsFrm::CoordsFrm(Desk& itsDesk) : Screen(itsDesk, "coordsfrm", "Coordinates 
 }
 
 void CoordsFrm::cmdOK_Click() {
-  if (refuse(Text1, 90, "latitude") || refuse(Text2, 180, "longitude"))
+  if (refuse(Text1, kMostLatitude, "latitude") || refuse(Text2, kMostLongitude, "longitude"))
     return;
   confirmed_ = true;
   closeMe();
@@ -47,7 +36,7 @@ bool CoordsFrm::refuse(TextBox& box, double limit, std::string_view what) {
   const std::string bound = numberText(limit);
   desk.messages.tell(" Coordinates",
                      "Please give the " + std::string(what) + " in degrees from -" + bound + " to " + bound +
-                         ", such as " + (limit > 90 ? "-74.0104." : "41.5034."),
+                         ", such as " + (limit > kMostLatitude ? "-74.0104." : "41.5034."),
                      Icon::Exclamation);
   setFocus(box, true);
   return true;

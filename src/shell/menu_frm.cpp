@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/files.h"
+#include "form/map_page.h"
 #include "form/text_menu.h"
 #include "shell/backup/backup.h"
 #include "shell/backup/restore_set.h"
@@ -16,7 +17,6 @@ namespace zelvo {
 namespace {
 
 constexpr std::string_view kTitle = "Zelvo";
-constexpr std::string_view kMapPage = "https://maps.dorvan.example/gps.htm";
 
 }  // namespace
 
@@ -205,8 +205,7 @@ void MenuFrm::lookUpOnMap(const Line&) {
   CoordsFrm place(desk);
   desk.screens.showModal(place);
   if (place.confirmed())
-    OpenDocument(
-        desk, std::string(kMapPage) + "?txtLat=" + place.latitude() + "&txtLong=" + place.longitude() + "&txtZoom=17");
+    OpenDocument(desk, mapAddress(place.latitude(), place.longitude()));
 }
 
 void MenuFrm::changePassword(const Line&) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "base/text.h"
 #include "data/no_dbfound.h"
 
 namespace zelvo {
@@ -38,13 +37,6 @@ Result<void> openRecordScreen(Desk& desk, std::string_view screen) {
   }
   desk.screens.open(screen);
   return {};
-}
-
-Error notOffered(std::string_view caption) {
-  std::string name = replaceAll(caption, "&", "");
-  while (name.ends_with('.'))
-    name.pop_back();
-  return {Trouble::NotFound, "\"" + name + "\" is not part of this program yet."};
 }
 
 }  // namespace zelvo

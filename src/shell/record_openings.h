@@ -23,7 +23,4 @@ std::span<const RecordOpening> recordOpenings();
 /// The error says why it cannot be opened.
 Result<void> openRecordScreen(Desk& desk, std::string_view screen);
 
-/// What to tell when something is chosen that the program does not offer: a caption, as it stands in the menu.
-Error notOffered(std::string_view caption);
-
 }  // namespace zelvo

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
+#include "documents/document_reader.h"
 #include "permit_office.h"
 
 namespace zelvo::testing {
@@ -123,6 +124,24 @@ TEST_F(ListedOffice, DamagedChoiceOfColumnsGivesTheUsualOnes) {
   ASSERT_TRUE(makeFolder(at.session.programFolder + "/lists").ok());
   ASSERT_TRUE(replaceFile(at.session.programFolder + "/lists/APermits.txt", "NOSUCH,5,x\r\n\xff\xff,,\r\n\r\n").ok());
   EXPECT_EQ(at.shown(open(), "ListView1"), "3 rows, 5 columns");
+}
+
+TEST_F(ListedOffice, TheListedRowsArePrintedAndSavedAsTheyStand) {
+  APermits& permits = open();
+  filter("mill");
+  sort(4);
+  sort(4);
+  at.pick(folder.file("list.csv"));
+  at.click(permits, "cmdSaveList");
+  EXPECT_EQ(folder.read("list.csv"),
+            "\xEF\xBB\xBFPermit,Type,Use,Location,Owner\r\n26-1,,,5 Oak Road,Miller\r\n26-2,,,1 Mill Street,adams\r\n");
+  at.click(permits, "cmdPrintList");
+  ASSERT_EQ(at.printed.size(), 1u);
+  EXPECT_EQ(at.printed[0].title, "Building Permits with \"mill\"");
+  const std::string text = plainText(readDocument(folder.read("tmp.rtf")));
+  EXPECT_LT(text.find("Miller"), text.find("adams")) << text;
+  EXPECT_TRUE(text.ends_with("TOTAL = 2\n")) << text;
+  EXPECT_EQ(at.shown(permits, "lblStatus"), "Record 1 of 2") << "the record stays where it is";
 }
 
 }  // namespace

@@ -11,7 +11,8 @@ namespace zelvo::testing {
 class PermitOffice : public RecordOffice {
  protected:
   PermitOffice() : RecordOffice({"BLDGPERM", "SBL"}) {
-    at.screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters); });
+    at.screens.learn("APermits",
+                     [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters, labels); });
   }
 
   APermits& open() {
@@ -42,6 +43,9 @@ class PermitOffice : public RecordOffice {
     const std::string number(key);
     addRow("BLDGPERM", {{"PERMIT", number.c_str()}, {"BLDGPRM", number.c_str() + 3}});
   }
+
+  LabelSettings labelSettings;
+  LabelPrinter labels{at.desk, labelSettings};
 };
 
 }  // namespace zelvo::testing

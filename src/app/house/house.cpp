@@ -24,7 +24,8 @@ void House::learnDocumentScreens(Screens& screens) {
 }
 
 void House::learnRecordScreens(Screens& screens) {
-  screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels_, letters_); });
+  screens.learn("APermits",
+                [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels_, letters_, labelPrinter_); });
   screens.learn("BInspections",
                 [this](Desk& desk) { return std::make_unique<BInspections>(desk, parcels_, letters_); });
 }

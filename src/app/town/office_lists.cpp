@@ -62,6 +62,8 @@ Result<void> writeOfficeLists(std::string_view dataFolder) {
       {"clist.txt", listed(kChecklist)},
       {"pt.txt", permitTypes()},
       {"pu.txt", listed(buildingUses())},
+      {"pit.txt", listed(kInsuranceTypes)},
+      {"pct.txt", listed(kContactTypes)},
       {"pcustom.txt", listed(kCustomDocuments)},
       {"zpt.txt", listed(kZoningTypes)},
       {"zpu.txt", listed(kZoningUses)},

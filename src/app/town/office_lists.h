@@ -21,6 +21,8 @@ inline constexpr std::string_view kComplaintTypes[] = {
     "Drain/Storm Drain", "Walkway/Sidewalk", "Garbage/Sanitation", "Trees/Trim"};
 inline constexpr std::string_view kStructureTypes[] = {"Wood frame", "Ordinary masonry", "Noncombustible",
                                                        "Fire resistive", "Heavy timber"};
+inline constexpr std::string_view kInsuranceTypes[] = {"General Liability", "Workers Compensation", "Disability"};
+inline constexpr std::string_view kContactTypes[] = {"Electrician", "Plumber", "Surveyor", "Mason"};
 inline constexpr std::string_view kZones[] = {"R-1", "R-2", "C-1", "M-1"};
 
 /// The groups of the checklist of a fire inspection, with their items.

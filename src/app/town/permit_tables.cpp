@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/town/office_lists.h"
 #include "app/town/town_tables.h"
 
 namespace zelvo {
@@ -104,8 +105,6 @@ struct Attached {
 
 // The end of what has no end, by the office's custom.
 constexpr Date kNoEnd = {2298, 12, 31};
-constexpr std::string_view kInsuranceKinds[] = {"General Liability", "Workers Compensation", "Disability"};
-constexpr std::string_view kContactKinds[] = {"Electrician", "Plumber", "Surveyor", "Mason"};
 
 constexpr Cell<Attached> kInsuranceCells[] = {
     {"RECNO", [](const Attached& a) -> Value { return a.permit.number; }},
@@ -146,7 +145,7 @@ Attached insuranceAt(const TownPlan& plan, std::size_t index) {
   Attached insurance;
   insurance.permit = permitAt(plan, index * kPermitsAnInsurance);
   insurance.firm = insurer(dice);
-  insurance.kind = dice.pick(kInsuranceKinds);
+  insurance.kind = dice.pick(kInsuranceTypes);
   insurance.number = "GL-" + std::to_string(100'000 + dice.below(900'000));
   insurance.exempt = dice.chance(8);
   insurance.from = addDays(insurance.permit.filed, -dice.between(5, 300));
@@ -159,7 +158,7 @@ Attached contactAt(const TownPlan& plan, std::size_t index) {
   Attached contact;
   contact.permit = permitAt(plan, index * kPermitsAContact);
   contact.firm = neighbour(dice);
-  contact.kind = dice.pick(kContactKinds);
+  contact.kind = dice.pick(kContactTypes);
   contact.number = "L" + std::to_string(dice.between(1000, 9999));
   contact.from = contact.permit.filed;
   return contact;

@@ -10,9 +10,10 @@
 
 namespace zelvo {
 
-/// Where a listing goes.
-enum class ReportOutput { Printer, Preview, RichText, Spreadsheet };
-/// What a user chooses from, in their order.
+/// Where a listing goes. In place of some, labels or letters are made for the owners that it lists: whoever lists does
+/// that himself.
+enum class ReportOutput { Printer, Preview, RichText, Spreadsheet, Labels, Letters };
+/// Those that every listing can go to, as a user chooses from them, in their order.
 std::vector<std::string> reportOutputs();
 
 /// Brings a listing to where the user wants it: to the printer through "\tmp.rtf" of the program folder, or into a file

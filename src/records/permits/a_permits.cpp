@@ -3,7 +3,9 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "data/lookup/parcel_lookup.h"
+#include "records/permits/expiry_frm.h"
 #include "records/permits/permit_kind.h"
+#include "records/pick_list.h"
 
 namespace zelvo {
 
@@ -16,8 +18,10 @@ std::string shownDate(const Value& value) {
 
 }  // namespace
 
-APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
-    : RecordScreen(itsDesk, parcels, kPermits), letters_(letters) {
+APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters, LabelPrinter& labels)
+    : RecordScreen(itsDesk, parcels, kPermits), letters_(letters), labels_(labels) {
+  for (const SubRecordPage* page : {&insurance_, &contacts_})
+    SSTab1.pages.emplace_back(page->kind().page);
   Text1(42).manyLines = true;
   DTPicker2.visible = false;
   picks.add(Combo1, Text1(32));
@@ -28,14 +32,31 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters)
   Text5.maxLength = 15;
   labexpexpired.warning = true;
   loadPickLists();
-  iLook.enabled = false;
-  iLook.tip = "Finds the parcel by its S-B-L, address, owner or roll entry";
-  onClick(iPrint, [this] { iPrint_Click(); });
-  onClick(iLook, [this] { iLook_Click(); });
   takeAmounts(Text2);
   onLeave(Text1(kExpirationBox), [this] { leaveExpiration(); });
   onLeave(Text1(kSecondDateBox), [this] { leaveSecondDate(); });
   onClick(Check3, [this] { showExpired(); });
+  bindButtons();
+  for (SubRecordPage* page : {&insurance_, &contacts_})
+    bindPage(*page);
+}
+
+void APermits::bindButtons() {
+  for (Button* button : {&iLook, &iExpires, &iInsp, &iCert, &iCertInfo, &iFee, &iMap})
+    button->enabled = false;  // until a record is at hand
+  iLook.tip = "Finds the parcel by its S-B-L, address, owner or roll entry";
+  iExpires.tip = "Chooses the expiration date, or so many months from the permit date";
+  iMap.tip = "Shows where the permit is";
+  Label28.clickable = true;
+  onClick(iPrint, [this] { iPrint_Click(); });
+  onClick(iLook, [this] { iLook_Click(); });
+  onClick(iExpires, [this] { iExpires_Click(); });
+  onClick(iInsp, [this] { doins(); });
+  onClick(iCert, [this] { docerts(); });
+  onClick(iCertInfo, [this] { iCertInfo_Click(); });
+  onClick(iFee, [this] { iFee_Click(); });
+  onClick(iMap, [this] { iMap_Click(); });
+  onClick(Label28, [this] { Label28_Click(); });
 }
 
 void APermits::loadPickLists() {
@@ -138,10 +159,12 @@ bool APermits::isReadableDate(int box) {
 bool APermits::expiresInTime() {
   const auto expires = parseDate(boxText(*this, kExpirationBox));
   return !expires || !DTPicker1.date || *expires >= *DTPicker1.date ||
-         refuseDate(Text1(kExpirationBox), "Expiration date cannot be prior to Permit Date.");
+         refuseDate(Text1(kExpirationBox), kExpiresTooEarly);
 }
 
 bool APermits::validateOwn() {
+  if (!isSettled(insurance_, kInsurancePage) || !isSettled(contacts_, kContactsPage))
+    return false;
   if (!DTPicker1.date && mode() == Mode::New)
     return refuseDate(DTPicker1, "The permit date is missing.");
   return isReadableDate(kExpirationBox) && isReadableDate(kSecondDateBox) && expiresInTime();
@@ -151,6 +174,15 @@ bool APermits::validateOwn() {
 void APermits::leaveExpiration() {
   if (mode() != Mode::Browse && isReadableDate(kExpirationBox) && expiresInTime())
     showExpired();
+}
+
+void APermits::iExpires_Click() {
+  ExpiryFrm choice(desk, DTPicker1.date, parseDate(boxText(*this, kExpirationBox)));
+  desk.screens.showModal(choice);
+  if (!choice.chosen())
+    return;
+  Text1(kExpirationBox).text = datePicture(*choice.chosen(), "mm/dd/yyyy");
+  showExpired();
 }
 
 void APermits::leaveSecondDate() {

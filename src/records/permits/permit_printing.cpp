@@ -1,11 +1,16 @@
-// Printing of permit documents: which letter or listing belongs to which entry of the print menu, and what the letters
-// are filled with.
+// Printing of permit documents: which letter or listing belongs to which entry of the print menu.
 
-#include "base/files.h"
+#include <algorithm>
+
+#include "base/number.h"
 #include "base/text.h"
 #include "documents/print_frm.h"
+#include "documents/reports/report_printer.h"
 #include "records/permits/a_permits.h"
+#include "records/permits/permit_letter.h"
 #include "records/permits/permit_reports.h"
+#include "records/pick_list.h"
+#include "records/record_report.h"
 
 namespace zelvo {
 
@@ -23,15 +28,6 @@ constexpr PermitDocument kDocuments[] = {
     {"Disapproval Notice", "\\disapproval.rtf"},
 };
 
-// The numbered values of a permit letter, 1 to 25, by the column that each shows. docs/letters.md lists them for the
-// office.
-constexpr std::string_view kValues[] = {
-    "PERMIT",  "VD3",       "VD4",       "OWNNAME1",  "OWNADDR1",  "LOCN1",    "",        "USEBLDG", "PRMFOR",
-    "DATA1",   "BLDGNAME1", "BLDGADDR1", "ARCHNAME1", "ARCHADDR1", "APPXCOST", "FILEFEE", "COFEE",   "ZONED",
-    "DIMBLDG", "DIMLOT",    "STORIES",   "FAMILIES",  "ROOMS",     "BATHS",    "NOTES"};
-static_assert(std::size(kValues) == 25);
-constexpr std::size_t kParcelValue = 7;
-
 std::string letterOf(std::string_view document) {
   for (const PermitDocument& known : kDocuments)
     if (known.name == document)
@@ -39,31 +35,43 @@ std::string letterOf(std::string_view document) {
   return std::string(document) + (upper(right(document, 4)) == ".RTF" ? "" : ".rtf");
 }
 
+constexpr std::string_view kReceipt = "Receipt";
+
 std::vector<std::string> documentNames(const Session& session) {
   std::vector<std::string> names;
   for (const PermitDocument& document : kDocuments)
     names.emplace_back(document.name);
-  for (const std::string& line : readLines(joinPath(session.dataFolder, "\\pcustom.txt")).valueOr({}))
-    if (!trim(line).empty())
-      names.emplace_back(trim(line));
-  names.emplace_back(kMonthlyPermits);
+  for (std::string& line : pickList(session, "\\pcustom.txt"))
+    names.push_back(std::move(line));
+  names.emplace_back(kReceipt);
+  for (const ReportOffer& report : permitReports())
+    names.emplace_back(report.name);
   return names;
 }
 
-void fillContext(const Recordset& permit, mdb& parcels, const Session& session, MergeContext& context) {
-  const std::string parcel = currentSBL(permit, parcels.parts);
-  for (std::size_t value = 1; value <= std::size(kValues); ++value)
-    context.values[value] = kValues[value - 1].empty() ? "" : permit.text(kValues[value - 1]);
-  context.values[kParcelValue] = mysbl2SBL(parcel, parcels.parts);
-  splitAddress(permit.text("OWNADDR1"), context);
-  context.name = permit.text("OWNNAME1");
-  context.ln = permit.text("PERMIT");
-  context.id = permit.text("PERMIT");
-  context.mi = session.municipality.name;
-  context.ms = session.userId;
-  context.me = session.municipality.telephone;
-  context.parcel = context.values[kParcelValue];
-  context.counter = 1;
+constexpr ReportColumn kReceiptColumns[] = {{"FEES", "", 40}, {"AMOUNT", "", 14, true}};
+constexpr ReportKind kReceiptKind{.header = "", .columns = kReceiptColumns, .totals = {}};
+constexpr std::string_view kReceiptAmount = "#######.#0";
+
+struct Fee {
+  std::string_view called, column;
+};
+constexpr Fee kFees[] = {
+    {"Permit fee", "FILEFEE"}, {"C/O fee", "COFEE"}, {"Second fee", "FEE2"}, {"Other fee", "RFEE"}};
+
+// Who paid for what, then each fee that the permit has, and their sum.
+std::vector<std::vector<std::string>> receiptLines(const Recordset& permit) {
+  std::vector<std::vector<std::string>> lines = {{"Owner: " + permit.text("OWNNAME1")},
+                                                 {"Location: " + permit.text("LOCN1")}};
+  double sum = 0;
+  for (const Fee& fee : kFees) {
+    const double amount = permit.get(fee.column).number();
+    if (amount != 0)
+      lines.push_back({std::string(fee.called), numberPicture(amount, kReceiptAmount)});
+    sum += amount;
+  }
+  lines.push_back({"TOTAL", numberPicture(sum, kReceiptAmount)});
+  return lines;
 }
 
 }  // namespace
@@ -73,15 +81,28 @@ void APermits::iPrint_Click() {
   desk.screens.showModal(options);
   if (!options.accepted() || desk.ended())
     return;
-  const std::string& type = desk.session.print.type;
-  const auto printed = type == kMonthlyPermits ? listMonthlyPermits(desk, parcels(), letters_) : doprint(type);
+  const auto printed = printChosen(desk.session.print.type);
   showAttachments();
-  if (!printed)
-    desk.messages.tell(" " + caption, printed.error().message, Icon::Critical);
+  tellTrouble(printed);
+}
+
+Result<void> APermits::printChosen(const std::string& type) {
+  if (type == kReceipt)
+    return printreceipt();
+  const auto reports = permitReports();
+  if (std::ranges::find(reports, type, &ReportOffer::name) == reports.end())
+    return doprint(type);
+  return listPermits({desk, parcels(), letters_, labels_, key()}, type, Combo2.items, Combo1.items);
+}
+
+Result<void> APermits::printreceipt() {
+  ListedRows lines(receiptLines(records()));
+  return ReportPrinter(desk, letters_).run(kReceiptKind, "PERMIT " + key(), lines, ReportOutput::Printer);
 }
 
 Result<void> APermits::doprint(std::string_view document) {
-  fillContext(records(), parcels(), desk.session, letters_.context);
+  fillFromPermit(records(), parcels(), desk.session, letters_.context);
+  letters_.context.counter = 1;
   showStatus("Printing to default printer...");
   auto printed = letters_.print(letterOf(document), document, keeper());
   showStatus("");

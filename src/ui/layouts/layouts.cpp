@@ -11,7 +11,7 @@ const Layout* layoutFor(std::string_view screen) {
       &kRollLookupLayout,   &kParcelInfoLayout,    &kParcelEditLayout,   &kNoDbFoundLayout,     &kSyncParcelsLayout,
       &kConflictFrmLayout,  &kColumnsFrmLayout,    &kNoteFrmLayout,      &kPrefFrmLayout,       &kEntryFrmLayout,
       &kBInspectionsLayout, &kInspReportFrmLayout, &kPermitChoiceLayout, &kEditorLayout,        &kHeaderFrmLayout,
-      &kPagesFrmLayout};
+      &kPagesFrmLayout,     &kExpiryFrmLayout};
   for (const Layout* layout : kLayouts)
     if (layout->screen == screen)
       return layout;

@@ -31,6 +31,7 @@ extern const Layout kPermitChoiceLayout;
 extern const Layout kConflictFrmLayout;
 extern const Layout kColumnsFrmLayout;
 extern const Layout kNoteFrmLayout;
+extern const Layout kExpiryFrmLayout;
 extern const Layout kPrefFrmLayout;
 extern const Layout kEntryFrmLayout;
 extern const Layout kKeyLookupLayout;

@@ -39,6 +39,8 @@ inline constexpr std::array kRecordPages = {
     field("ListView1", {}, 0, kFill),
     field("txtFilter", "Only with", 30),
     beside("cmdColumns"),
+    beside("cmdPrintList"),
+    beside("cmdSaveList"),
 
     page(2),
     column(2),

@@ -24,10 +24,17 @@ constexpr LayoutRow kNoteFrmRows[] = {
     foot("cmdCancel", Glyph::Cancel),
 };
 
+constexpr LayoutRow kExpiryFrmRows[] = {
+    group(),         field("Label1"), field("DTPicker1", {}, 12), field("cmd6"), beside("cmd12"), beside("cmd18"),
+    beside("cmd24"), foot("cmdOK"),   foot("cmdCancel"),
+};
+
 }  // namespace
 
 const Layout kConflictFrmLayout{"ConflictFrm", kConflictFrmRows};
 const Layout kColumnsFrmLayout{"ColumnsFrm", kColumnsFrmRows};
 const Layout kNoteFrmLayout{"NoteFrm", kNoteFrmRows};
+
+const Layout kExpiryFrmLayout{"ExpiryFrm", kExpiryFrmRows};
 
 }  // namespace zelvo

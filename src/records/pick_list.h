@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "form/session.h"
+
+namespace zelvo {
+
+/// The entries of a list file of the data folder, one a line, blank lines left out; none when there is no such file.
+std::vector<std::string> pickList(const Session& session, std::string_view file);
+
+}  // namespace zelvo
