@@ -39,7 +39,7 @@ void RecordScreen::enableButtons() {
   iReset.enabled = browsing && !query_.showsWholeTable();
   IAdd.enabled = mode_ == Mode::New;
   ISave.enabled = mode_ == Mode::Edit;
-  ICancel.enabled = !browsing;
+  ICancel.enabled = mode_ != Mode::Browse;
   for (Button* button :
        {&ICopy, &IEdit, &IMoveFirst, &IMovePrev, &IMoveNext, &IMoveLast, &delr, &recinfod, &iNote, &iPrint})
     button->enabled = onRecord;

@@ -74,6 +74,7 @@ TEST_F(PermitPages, RowsOfAStoredPermitAreStoredAtOnce) {
   APermits& permits = open();
   typeInsurance(permits);
   EXPECT_FALSE(at.control(permits, "IMoveNext").enabled) << "the permit stays at hand while a row is typed";
+  EXPECT_FALSE(at.control(permits, "ICancel").enabled) << "it would give up the permit, not the row";
   at.click(permits, "iAddIns");
   EXPECT_TRUE(at.control(permits, "IMoveNext").enabled);
   const auto row = insuranceNow();

@@ -10,7 +10,7 @@ constexpr LayoutRow kReportFrmRows[] = {
     field("Combo1", "&Month", 14),
     beside("Text1", "&Year", 6),
     field("DTPicker1", "&After", 12),
-    beside("DTPicker2", "and &before", 12),
+    field("DTPicker2", "and &before", 12),
     field("Combo4", "Permit &for", 20),
     field("Combo5", "&Use", 20),
     field("Combo2", "O&utput"),
