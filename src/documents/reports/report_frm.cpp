@@ -85,7 +85,7 @@ void ReportFrm::offerMonths(bool wholeYear) {
 }
 
 void ReportFrm::offerOutputs(bool toOwners) {
-  std::vector<std::string> outputs = kOutputs;
+  std::vector<std::string> outputs = reportOutputs();
   if (toOwners)
     outputs.insert(outputs.end(), kOwnerOutputs.begin(), kOwnerOutputs.end());
   offer(Combo2, std::move(outputs));
