@@ -67,6 +67,16 @@ Result<void> LetterPrinter::printText(std::string_view rtf, std::string_view tit
   return deliver(desk_, {{std::string(title), *path, desk_.session.print}, copy});
 }
 
+Result<void> LetterPrinter::openText(std::string_view rtf, std::string_view title, const KeepCopy& copy) {
+  const Result<std::string> path = keep(rtf);
+  if (!path)
+    return path.error();
+  PrintOptions options = desk_.session.print;
+  options.viewFirst = options.keepCopy = true;
+  options.preview = false;
+  return deliver(desk_, {{std::string(title), *path, options}, copy});
+}
+
 Result<void> LetterPrinter::print(std::string_view templateName, std::string_view title, const KeepCopy& copy) {
   const Result<std::string> rtf = read(templateName);
   const Result<std::string> filled = rtf ? fill(*rtf) : rtf;

@@ -28,6 +28,8 @@ class LetterPrinter {
   Result<std::string> fill(std::string_view rtf) const;
   /// The same of a rich text that is merged, through "\tmp.rtf".
   Result<void> printText(std::string_view rtf, std::string_view title, const KeepCopy& copy = {});
+  /// Opens it in the editor, to be filled by hand and printed from there; a copy is kept whenever it is printed.
+  Result<void> openText(std::string_view rtf, std::string_view title, const KeepCopy& copy);
   /// The merged document, written to "\tmp.rtf" and not printed; its path.
   Result<std::string> merge(std::string_view templateName);
 

@@ -1,6 +1,5 @@
 #include "records/picks.h"
 
-#include "base/files.h"
 #include "base/text.h"
 
 namespace zelvo {
@@ -8,14 +7,6 @@ namespace zelvo {
 bool isUnpicked(std::string_view text) {
   text = trim(text);
   return text.empty() || text == kSelect || text == kNoCode;
-}
-
-std::vector<std::string> pickList(const Session& session, std::string_view file) {
-  std::vector<std::string> entries;
-  for (const std::string& line : readLines(joinPath(session.dataFolder, file)).valueOr({}))
-    if (!trim(line).empty())
-      entries.emplace_back(trim(line));
-  return entries;
 }
 
 void Picks::add(Combo& combo, TextBox& box, Saying says) {

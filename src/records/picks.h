@@ -6,19 +6,15 @@
 #include <vector>
 
 #include "form/control.h"
-#include "form/session.h"
+#include "records/pick_list.h"
 
 namespace zelvo {
 
-/// What a drop-down list shows while nothing is chosen in it, and for a stored value that is empty.
-inline constexpr std::string_view kSelect = "<select>";
+/// What a drop-down list shows for a stored value that is empty.
 inline constexpr std::string_view kNoCode = "--";
 
 /// Whether a drop-down list shows that nothing was chosen.
 bool isUnpicked(std::string_view text);
-
-/// The entries that a list file of the data folder offers, one a line, blank lines left out.
-std::vector<std::string> pickList(const Session& session, std::string_view file);
 
 /// The drop-down lists of a record page. Each stands for a hidden box, which holds what the store holds (a code) while
 /// the list shows how the office says it; so the record is copied, checked and searched by boxes alone.

@@ -102,6 +102,8 @@ void RecordScreen::tellTrouble(const Result<void>& done) {
 void RecordScreen::Form_Activate(bool first) {
   if (first && !openRecords())
     return closeMe();
+  if (!first && datPrimaryRS_ && mode_ == Mode::Browse && !dbisempty())
+    showAttachments();  // the editor may have kept a copy of what was printed there
   if (!desk.session.hop.empty())
     followHop();
 }

@@ -14,7 +14,8 @@ class InspectionOffice : public RecordOffice {
   InspectionOffice() : RecordOffice({"BLDGPERM", "INSPDTL", "VIOLDATA", "SBL"}) {
     at.screens.learn("BInspections",
                      [this](Desk& desk) { return std::make_unique<BInspections>(desk, parcels, letters); });
-    at.screens.learn("APermits", [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters); });
+    at.screens.learn("APermits",
+                     [this](Desk& desk) { return std::make_unique<APermits>(desk, parcels, letters, labels); });
     at.session.inspectors = {"A. Brown"};
     folder.write("data/bins.txt", "01 Plan Review\r\n02 Footing\r\n");
     folder.write("data/oins.txt", "21 Sign\r\n");

@@ -1,4 +1,5 @@
 #include "documents/document_reader.h"
+#include "documents/editor/editor.h"
 #include "inspection_office.h"
 
 namespace zelvo::testing {
@@ -182,9 +183,9 @@ TEST_F(PrintingOffice, ComplaintsArePrintedInFull) {
   list({{"Combo1", "Complaints of a month"}, {"DTPicker1", "05/09/2026"}});
 }
 
-TEST_F(PrintingOffice, TheChecklistOfCategoryAndTypeIsOpened) {
-  at.session.defaultBrowser = "/bin/true ";
-  at.session.defaultBrowserFound = true;
+TEST_F(PrintingOffice, TheChecklistIsFilledInTheEditorPrintedAndKept) {
+  at.screens.learn("Editor", [](Desk& desk) { return std::make_unique<Editor>(desk); });
+  at.temporary = folder.path();
   BInspections& screen = open();
   at.click(screen, "INew");
   at.expect(" Checklist", "You must select Inspection Category\nand Inspection Type first.");
@@ -192,10 +193,25 @@ TEST_F(PrintingOffice, TheChecklistOfCategoryAndTypeIsOpened) {
   type(screen, {{"Combo1", "COMPLAINT"}, {"Combo2", "Garbage/Sanitation"}});
   at.expect(" Checklist", "Checklist not found.");
   at.click(screen, "iChecklist");
-  folder.write("data/checklist/COMPLAINT Garbage_Sanitation.rtf", "{\\rtf1 Bins?\\par}");
+  const std::string empty = "{\\rtf1 Bins closed? %01\\par}";
+  folder.write("data/checklist/COMPLAINT Garbage_Sanitation.rtf", empty);
   at.click(screen, "iChecklist");
-  ASSERT_FALSE(at.started.empty());
-  EXPECT_NE(at.started.back().find("COMPLAINT Garbage_Sanitation.rtf"), std::string::npos);
+  EXPECT_EQ(at.shown(*at.screens.front(), "RichTextBox1"), "Bins closed? %01") << "there is no record yet";
+  at.click(*at.screens.front(), "cmdQuit");
+
+  at.click(screen, "ICancel");
+  addRow("INSPDTL", {{"RECNO", "8"}, {"INSPCATEG", "C"}, {"INSPTYPE", "Garbage/Sanitation"}});
+  at.click(screen, "Quit");
+  BInspections& stored = open();
+  at.click(stored, "IMoveLast");
+  at.click(stored, "iChecklist");
+  Screen& editor = *at.screens.front();
+  at.set(editor, "RichTextBox1", at.shown(editor, "RichTextBox1") + " yes");
+  at.click(editor, "cmdPrint");
+  at.click(editor, "cmdQuit");
+  EXPECT_EQ(readBytes(path("docs/028~1.pdf")).valueOr("not kept"), "pages of Checklist");
+  EXPECT_EQ(at.shown(stored, "ListView2"), "1 rows, 2 columns");
+  EXPECT_EQ(folder.read("data/checklist/COMPLAINT Garbage_Sanitation.rtf"), empty);
 }
 
 }  // namespace

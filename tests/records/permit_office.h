@@ -43,9 +43,6 @@ class PermitOffice : public RecordOffice {
     const std::string number(key);
     addRow("BLDGPERM", {{"PERMIT", number.c_str()}, {"BLDGPRM", number.c_str() + 3}});
   }
-
-  LabelSettings labelSettings;
-  LabelPrinter labels{at.desk, labelSettings};
 };
 
 }  // namespace zelvo::testing

@@ -465,7 +465,7 @@ TEST_F(PermitOffice, ALetterIsSeenChangedPrintedAndKeptWithItsPermit) {
   });
   at.click(permits, "iPrint");
   EXPECT_TRUE(FileExists(path("docs/0126-1~2.pdf")));
-  EXPECT_EQ(at.shown(permits, "ListView2"), "2 rows, 1 columns") << "and they are there to be opened";
+  EXPECT_EQ(at.shown(permits, "ListView2"), "2 rows, 2 columns") << "and they are there to be opened";
 }
 
 TEST_F(PermitOffice, MissingTemplateIsNamedWithItsFolder) {

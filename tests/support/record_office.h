@@ -7,6 +7,7 @@
 #include "data/connection.h"
 #include "data/mdb.h"
 #include "data/recordset.h"
+#include "documents/labels/label_printer.h"
 #include "documents/letter.h"
 #include "support/scripted_desk.h"
 #include "support/temp_folder.h"
@@ -51,6 +52,8 @@ class RecordOffice : public ::testing::Test {
   ScriptedDesk at;
   mdb parcels{at.session};
   LetterPrinter letters{at.desk};
+  LabelSettings labelSettings;
+  LabelPrinter labels{at.desk, labelSettings};
 };
 
 }  // namespace zelvo::testing

@@ -80,6 +80,7 @@ class BInspections : public RecordScreen {
   void fillContext(MergeContext& context);
   Result<void> printWith(std::string_view letter, std::string_view heading, std::string_view title,
                          const std::vector<std::string>& lines);
+  Result<void> openChecklist(const std::string& path);
   std::vector<std::string> recordLines(const Recordset& row) const;
 
   LetterPrinter& letters_;

@@ -108,7 +108,7 @@ Result<void> BInspections::printWith(std::string_view letter, std::string_view h
     return filled.error();
   const ReportHeading merged(*filled);
   showStatus("Printing to default printer...");
-  auto printed = letters_.printText(merged.opened("") + asRichLines(merged.font(), lines) + "}", title);
+  auto printed = letters_.printText(merged.opened("") + asRichLines(merged.font(), lines) + "}", title, keeper());
   showStatus("");
   return printed;
 }
@@ -161,12 +161,14 @@ Result<void> BInspections::doprint(std::string_view type) {
 
 void BInspections::iPrint_Click() {
   PrintFrm options(desk, "Print Inspection " + key(),
-                   {"Inspection Report", "Checklist", "Record of Complaint", "Detail of Inspection"});
+                   {"Inspection Report", "Checklist", "Record of Complaint", "Detail of Inspection"},
+                   PrintFrom::Record);
   desk.screens.showModal(options);
   if (!options.accepted() || desk.ended())
     return;
-  if (const auto printed = doprint(desk.session.print.type); !printed)
-    desk.messages.tell(" " + caption, printed.error().message, Icon::Critical);
+  const auto printed = doprint(desk.session.print.type);
+  showAttachments();
+  tellTrouble(printed);
 }
 
 // ---- the checklist
@@ -176,17 +178,25 @@ void BInspections::iChecklist_Click() {
     return desk.messages.tell(" Checklist", "You must select Inspection Category\nand Inspection Type first.",
                               Icon::Exclamation);
   showStatus("Getting Checklist...");
-  const std::string path = joinPath(desk.session.dataFolder, checklistName(Combo1.text, Combo2.text));
-  if (!FileExists(path))
-    desk.messages.tell(" Checklist", "Checklist not found.", Icon::Exclamation);
-  else
-    OpenDocument(desk, path);
+  tellTrouble(openChecklist(joinPath(desk.session.dataFolder, checklistName(Combo1.text, Combo2.text))));
   showStatus("");
 }
 
+// The office's own checklist stays empty: what is filled is a copy of it. One for an inspection that is not stored yet
+// has no record to be kept with.
+Result<void> BInspections::openChecklist(const std::string& path) {
+  if (!FileExists(path)) {
+    desk.messages.tell(" Checklist", "Checklist not found.", Icon::Exclamation);
+    return {};
+  }
+  const auto rtf = readBytes(path);
+  const bool stored = mode() == Mode::Browse && !dbisempty();
+  const auto filled = rtf && stored ? PlugVars(*rtf) : rtf;
+  return filled ? letters_.openText(*filled, "Checklist", stored ? keeper() : KeepCopy()) : filled.error();
+}
+
 void BInspections::iReports_Click() {
-  if (const auto listed = listInspections(desk, letters_); !listed)
-    desk.messages.tell(" " + caption, listed.error().message, Icon::Critical);
+  tellTrouble(listInspections(desk, letters_));
 }
 
 }  // namespace zelvo

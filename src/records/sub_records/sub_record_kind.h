@@ -12,8 +12,6 @@ inline constexpr Date kNoEndDate = {2298, 12, 31};
 inline constexpr std::string_view kNoEndText = "N/A";
 /// A type that says that none is needed: then the reason stands in the notes.
 inline constexpr std::string_view kExempt = "Exempt";
-/// The empty choice of a list of types.
-inline constexpr std::string_view kNoType = "<select>";
 
 /// The text boxes of a page of rows that belong to a record, by their index.
 enum SubBox { kNameBox = 1, kAddressBox, kPhoneBox, kNumberBox, kHolderBox, kProjectBox, kNotesBox };

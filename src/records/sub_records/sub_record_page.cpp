@@ -47,7 +47,7 @@ SubRecordPage::SubRecordPage(Screen& screen, Desk& desk, const SubRecordKind& ki
 // A type that the office's own list lacks can be typed; that none is needed can always be chosen.
 void SubRecordPage::fillTypes() {
   type.items = pickList(desk_.session, kind_.types);
-  type.items.insert(type.items.begin(), std::string(kNoType));
+  type.items.insert(type.items.begin(), std::string(kSelect));
   if (std::ranges::find(type.items, kExempt) == type.items.end())
     type.items.emplace_back(kExempt);
 }
@@ -136,7 +136,7 @@ void SubRecordPage::chooseType() {
 void SubRecordPage::clearBoxes() {
   for (TextBox& box : text)
     box.text.clear();
-  type.text = typing() ? std::string(kNoType) : "";
+  type.text = typing() ? std::string(kSelect) : "";
   from.date.reset();
   to.date.reset();
 }
@@ -249,7 +249,7 @@ bool SubRecordPage::validate() {
     require(!trim(text(kNotesBox).text).empty(), text(kNotesBox), "--Reason for exemption");
   else
     require(!trim(text(kNameBox).text).empty(), text(kNameBox), kind_.nameMissing);
-  require(!trim(type.text).empty() && trim(type.text) != kNoType, type, kind_.typeMissing);
+  require(!trim(type.text).empty() && trim(type.text) != kSelect, type, kind_.typeMissing);
   if (missing.empty())
     return datesInOrder();
   desk_.messages.tell(" Missing Information",
