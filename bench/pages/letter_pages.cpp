@@ -34,7 +34,7 @@ Result<void> printLetter(const std::string& path, const QtFontMeasure& fonts) {
   const auto merged = mergeLetter(*rtf, values(), {{2026, 11, 20}, 0}, {});
   if (!merged)
     return merged.error();
-  const auto pdf = pdfOf(layOutPages(readDocument(*merged), PrintOptions{}, fonts), fileNameOf(path));
+  const auto pdf = pdfOf(layOutPages(readDocument(*merged), PrintOptions{}, fonts), fileNameOf(path), fonts.faces());
   return pdf ? replaceFile(path + ".pdf", *pdf) : pdf.error();
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ui/printing/drawing_painter.h"
+#include "ui/printing/glyph_pdf.h"
 #include "ui/printing/paper_font.h"
 #include "ui/qt_text.h"
 
@@ -101,17 +102,8 @@ void paintPieces(QPainter& painter, const Page& page, ReadPictures& pictures, co
   paintFilled(painter, page.rules);
 }
 
-}  // namespace
-
-void paintPage(QPainter& painter, const Page& page) {
-  ReadPictures pictures;
-  paintPieces(painter, page, pictures, PaperFaces());
-}
-
-Result<std::string> pdfOf(const PagedDocument& document, std::string_view title) {
-  if (document.isCutOff)
-    return Error{Trouble::BadInput, "\"" + std::string(title) + "\" has more than " + std::to_string(kMostPages) +
-                                        " pages, too many to be printed at once. Print it in parts."};
+// As the system paints: pictures, and texts of every script.
+Result<std::string> paintedPdf(const PagedDocument& document, std::string_view title, const PaperFaces& faces) {
   QBuffer bytes;
   bytes.open(QIODevice::WriteOnly);
   QPdfWriter writer(&bytes);
@@ -123,7 +115,6 @@ Result<std::string> pdfOf(const PagedDocument& document, std::string_view title)
   if (!painter.begin(&writer))
     return Error{Trouble::Failed, "The pages could not be made. Close other programs and try again."};
   ReadPictures pictures;
-  const PaperFaces faces;
   for (std::size_t page = 0; page < document.pages.size(); ++page) {
     if (page > 0) {
       writer.setPageLayout(paperOf(document.pages[page]));  // a section may have paper of its own
@@ -133,6 +124,26 @@ Result<std::string> pdfOf(const PagedDocument& document, std::string_view title)
   }
   painter.end();
   return bytes.data().toStdString();
+}
+
+}  // namespace
+
+void paintPage(QPainter& painter, const Page& page) {
+  ReadPictures pictures;
+  paintPieces(painter, page, pictures, PaperFaces());
+}
+
+Result<std::string> pdfOf(const PagedDocument& document, std::string_view title, const PaperFaces& faces) {
+  if (document.isCutOff)
+    return Error{Trouble::BadInput, "\"" + std::string(title) + "\" has more than " + std::to_string(kMostPages) +
+                                        " pages, too many to be printed at once. Print it in parts."};
+  if (auto pdf = glyphPdf(document, title, faces))
+    return std::move(*pdf);
+  return paintedPdf(document, title, faces);
+}
+
+Result<std::string> pdfOf(const PagedDocument& document, std::string_view title) {
+  return pdfOf(document, title, PaperFaces());
 }
 
 }  // namespace zelvo

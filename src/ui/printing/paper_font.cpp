@@ -11,7 +11,6 @@ namespace zelvo {
 namespace {
 
 constexpr int kTwipsAPoint = 20;
-constexpr int kDesignSize = 2048;  // the units in which most fonts are designed: no width is rounded
 
 // Fonts that the office's older letters name and no computer of today has.
 QString familyOf(const std::string& family) {
@@ -34,7 +33,7 @@ bool standsAlone(char32_t character) {
 
 QFont paperFont(const TextFont& font) {
   QFont real(familyOf(font.family));
-  real.setPixelSize(kDesignSize);
+  real.setPixelSize(kPaperFontSize);
   real.setBold(font.bold);
   real.setItalic(font.italic);
   real.setKerning(false);  // as the office's letters were set
@@ -44,18 +43,26 @@ QFont paperFont(const TextFont& font) {
 }
 
 double paperScale(const TextFont& font) {
-  return font.points * kTwipsAPoint / kDesignSize;
+  return font.points * kTwipsAPoint / kPaperFontSize;
 }
 
-PaperFace::PaperFace(const TextFont& font) : font_(paperFont(font)), metrics_(font_), raw_(QRawFont::fromFont(font_)) {}
+PaperFace::PaperFace(const TextFont& font)
+    : font_(paperFont(font)),
+      metrics_(font_),
+      raw_(QRawFont::fromFont(font_)),
+      bold_(font.bold),
+      italic_(font.italic) {}
 
 const PaperFace::Glyph& PaperFace::glyphOf(char32_t character) const {
   const auto [place, isNew] = known_.try_emplace(character);
-  if (isNew && standsAlone(character) && raw_.isValid()) {
+  if (!isNew)
+    return place->second;
+  place->second.character = character;
+  if (standsAlone(character) && raw_.isValid()) {
     const QList<quint32> numbers = raw_.glyphIndexesForString(QString(QChar(static_cast<char16_t>(character))));
     const QList<QPointF> advances = raw_.advancesForGlyphIndexes(numbers);
     if (numbers.size() == 1 && advances.size() == 1)
-      place->second = {numbers.front(), advances.front().x()};
+      place->second = {numbers.front(), advances.front().x(), character};
   }
   return place->second;
 }
@@ -108,10 +115,18 @@ void PaperFace::draw(QPainter& painter, std::string_view text) const {
   painter.drawGlyphRun(QPointF(0, 0), run);
 }
 
+const PdfFont* PaperFace::pdfFont() const {
+  if (!pdfFontKnown_)
+    pdfFont_ = PdfFont::of(raw_, bold_, italic_);
+  pdfFontKnown_ = true;
+  return pdfFont_.get();
+}
+
 const PaperFace& PaperFaces::of(const TextFont& font) const {
-  const Key key{font.family, font.bold, font.italic};
-  const auto found = known_.find(key);
-  return found != known_.end() ? found->second : known_.emplace(key, PaperFace(font)).first->second;
+  const auto found = known_.find(std::tie(font.family, font.bold, font.italic));
+  if (found != known_.end())
+    return found->second;
+  return known_.emplace(Key{font.family, font.bold, font.italic}, PaperFace(font)).first->second;
 }
 
 double QtFontMeasure::advance(const TextFont& font, std::string_view text) const {

@@ -3,17 +3,23 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QRawFont>
+#include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <unordered_map>
 #include <vector>
 
 #include "documents/page_layout.h"
+#include "ui/printing/pdf_font.h"
 
 class QPainter;
 
 namespace zelvo {
+
+/// The size of real fonts in pixels: the units in which most are designed, so that no width is rounded.
+inline constexpr int kPaperFontSize = 2048;
 
 /// The real font behind a font of a letter, in the one size in which it is measured and drawn, so that the computer has
 /// to find it only once however many sizes a letter uses: a line is exactly as long on paper as it was laid out.
@@ -26,6 +32,12 @@ double paperScale(const TextFont& font);
 /// characters that the font does not have, are left to the fonts of the system. All in pixels of paperFont().
 class PaperFace {
  public:
+  struct Glyph {
+    quint32 number = 0;  ///< 0: the font has none, or it may join with others
+    double advance = 0;
+    char32_t character = 0;
+  };
+
   explicit PaperFace(const TextFont& font);
 
   double advance(std::string_view text) const;
@@ -33,17 +45,20 @@ class PaperFace {
   /// With the pen of the painter, beginning at its origin on the base line.
   void draw(QPainter& painter, std::string_view text) const;
 
- private:
-  struct Glyph {
-    quint32 number = 0;  // 0: the font has none, or it may join with others
-    double advance = 0;
-  };
-  const Glyph& glyphOf(char32_t character) const;
+  /// The glyphs of a text one behind the other. False when it cannot be set glyph for glyph.
   bool spell(std::string_view text, std::vector<const Glyph*>& glyphs) const;
+  /// The font as PDFs take it along, made once for all letters; null when they cannot.
+  const PdfFont* pdfFont() const;
+
+ private:
+  const Glyph& glyphOf(char32_t character) const;
 
   QFont font_;
   QFontMetricsF metrics_;
   QRawFont raw_;
+  bool bold_, italic_;
+  mutable bool pdfFontKnown_ = false;
+  mutable std::shared_ptr<const PdfFont> pdfFont_;
   mutable std::unordered_map<char32_t, Glyph> known_;
 };
 
@@ -54,7 +69,7 @@ class PaperFaces {
 
  private:
   using Key = std::tuple<std::string, bool, bool>;
-  mutable std::map<Key, PaperFace> known_;
+  mutable std::map<Key, PaperFace, std::less<>> known_;
 };
 
 /// Measures text in the fonts of this computer. The office's letters are written in Times New Roman, Arial and Courier
@@ -63,6 +78,8 @@ class QtFontMeasure : public FontMeasure {
  public:
   double advance(const TextFont& font, std::string_view text) const override;
   FontHeights heights(const TextFont& font) const override;
+  /// The fonts that it measures in, to paint with.
+  const PaperFaces& faces() const { return faces_; }
 
  private:
   PaperFaces faces_;

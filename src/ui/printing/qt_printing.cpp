@@ -47,7 +47,7 @@ Result<std::string> QtPrinting::pdfOfJob(const PrintJob& job) const {
   const auto pages = pagesOfJob(job, fonts_);
   if (!pages)
     return pages.error();
-  return pdfOf(*pages, job.title);
+  return pdfOf(*pages, job.title, fonts_.faces());
 }
 
 Result<PrintedCopy> QtPrinting::copyOf(const PrintJob& job) {

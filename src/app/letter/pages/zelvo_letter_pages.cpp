@@ -19,7 +19,7 @@ Result<void> makePages(const std::string& file, const std::string& out) {
   if (!rtf)
     return rtf.error();
   const QtFontMeasure fonts;
-  const auto pdf = pdfOf(layOutPages(readDocument(*rtf), PrintOptions{}, fonts), fileNameOf(file));
+  const auto pdf = pdfOf(layOutPages(readDocument(*rtf), PrintOptions{}, fonts), fileNameOf(file), fonts.faces());
   if (!pdf)
     return pdf.error();
   return replaceFile(out, *pdf);
