@@ -18,17 +18,19 @@ Error tooLong(const std::string& path, std::size_t limit) {
                    "Check that it is the right file.");
 }
 
-/// Reads in growing pieces, never more than one byte beyond the limit, whatever length the system claims.
+/// Reads in growing pieces, never more than one byte beyond the limit, whatever length the system claims. Behind a
+/// piece that was not filled mostly nothing is left: no room is made for more than that takes.
 Result<std::string> readUpTo(OpenFile& file, const std::string& path, std::size_t limit) {
+  constexpr std::size_t firstPiece = 1u << 14, largestPiece = 1u << 24, restPiece = 1u << 9;
   std::string bytes;
   std::size_t taken = 1;
-  for (std::size_t piece = 1u << 16; taken > 0 && bytes.size() <= limit;
-       piece = std::min(piece * 2, std::size_t{1} << 24)) {
+  for (std::size_t piece = firstPiece; taken > 0 && bytes.size() <= limit;) {
     const std::size_t before = bytes.size();
     bytes.resize(before + std::min(piece - 1, limit - before) + 1);
     const int error = file.read(bytes.data() + before, bytes.size() - before, taken);
     if (error != 0)
       return fileError(FileDeed::Read, path, error);
+    piece = before + taken == bytes.size() ? std::min(piece * 2, largestPiece) : restPiece;
     bytes.resize(before + taken);
   }
   if (bytes.size() > limit)

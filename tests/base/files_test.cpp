@@ -146,6 +146,17 @@ TEST(Reading, RefusesWhatIsNoSuchFile) {
   expectRefused(readBytes("/dev/zero", 1u << 20), Trouble::BadInput, "longer");
 }
 
+TEST(Reading, TakesFilesOfEveryLengthWhole) {
+  const TempFolder folder;
+  for (const std::size_t length : {0u, 511u, 16383u, 16384u, 16385u, 49151u, 49152u, 49153u, 3000001u}) {
+    std::string bytes(length, 'x');
+    for (std::size_t i = 0; i < length; ++i)
+      bytes[i] = static_cast<char>('a' + i % 23);
+    ASSERT_TRUE(replaceFile(folder.file("roll.txt"), bytes));
+    EXPECT_TRUE(readBytes(folder.file("roll.txt")).valueOr("none") == bytes) << length;
+  }
+}
+
 TEST(ReplaceFile, PutsTheWholeFileInPlaceAndKeepsItsRights) {
   const TempFolder folder;
   folder.write("Zelvo.ini", "old");
