@@ -1,6 +1,7 @@
 #include <QFontInfo>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -8,6 +9,7 @@
 #include "base/files.h"
 #include "sample_screen.h"
 #include "support/metafile.h"
+#include "ui/printing/font_program.h"
 #include "ui/printing/glyph_pdf.h"
 #include "ui/printing/page_painter.h"
 #include "ui/printing/paper_font.h"
@@ -138,6 +140,36 @@ TEST(Paper, WrittenPagesLookAsPaintedOnes) {
   ASSERT_EQ(first.size(), second.size());
   EXPECT_GT(darknessOf(first), 5000);
   EXPECT_LT(differenceOf(first, second), 0.05);
+}
+
+// An accented letter is drawn with the outlines of two others, which have to come along.
+TEST(Paper, ThePartOfAFontDrawsItsLettersAsTheWholeFont) {
+  const QRawFont whole = QRawFont::fromFont(paperFont({"Times New Roman", 10, false, false}));
+  const auto program = FontProgram::of(whole, false, false);
+  ASSERT_TRUE(program);
+  EXPECT_FALSE(FontProgram::of(whole, true, false)) << "bold letters that the font has not";
+  EXPECT_FALSE(FontProgram::of(whole, false, true)) << "slanted letters that the font has not";
+  EXPECT_FALSE(FontProgram::of(QRawFont(), false, false));
+  const QList<quint32> wanted = whole.glyphIndexesForString(QString::fromUtf8("\u00C5g\u00FC\u0416"));
+  const QByteArray bytes = program->part({wanted.begin(), wanted.end()});
+  EXPECT_LT(bytes.size(), 30000);
+  const QRawFont part(bytes, kPaperFontSize, QFont::PreferNoHinting);
+  ASSERT_TRUE(part.isValid());
+  for (const quint32 glyph : wanted) {
+    EXPECT_FALSE(part.pathForGlyph(glyph).isEmpty()) << glyph;
+    EXPECT_TRUE(part.pathForGlyph(glyph) == whole.pathForGlyph(glyph)) << glyph;
+    EXPECT_EQ(part.advancesForGlyphIndexes({glyph}), whole.advancesForGlyphIndexes({glyph})) << glyph;
+  }
+  const QList<quint32> other = whole.glyphIndexesForString(QStringLiteral("Q"));
+  EXPECT_TRUE(part.pathForGlyph(other.front()).isEmpty()) << "a letter that nobody wrote";
+}
+
+TEST(Paper, ThePdfIsNamedAsTheDocument) {
+  PagedDocument document;
+  document.pages.resize(1);
+  const QString facts = readPdf(pdfOf(document, "Se\u00F1or (1) \\ <2>").value(), "pdfinfo", {"roster.pdf"});
+  EXPECT_TRUE(facts.contains(QString::fromUtf8("Se\u00F1or (1) \\ <2>"))) << facts.toStdString();
+  EXPECT_TRUE(facts.contains("612 x 792 pts (letter)")) << facts.toStdString();
 }
 
 TEST(Paper, TextsThatNoFontHasWholeArePainted) {
