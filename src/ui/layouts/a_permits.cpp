@@ -61,7 +61,7 @@ constexpr LayoutRow kPermitRows[] = {
     field("iInsp"),
     beside("iCert"),
     beside("iCertInfo"),
-    beside("iFee"),
+    field("iFee"),
     beside("iMap"),
 
     column(9),
