@@ -224,7 +224,7 @@ Document LetterText::read(const QTextDocument& text) const {
   Document letter = frame_;
   for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
     if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
-      letter.body.push_back(readRow(*table));
+      letter.body.emplace_back(std::in_place_type<TableRow>, readRow(*table));
     else if (part.currentBlock().isValid())
       readBlock(part.currentBlock(), letter.body);
   }
@@ -234,12 +234,12 @@ Document LetterText::read(const QTextDocument& text) const {
 void LetterText::readBlock(const QTextBlock& block, std::vector<Block>& body) const {
   eachPiece(block, [&](const QTextCharFormat& format, const QString&, int kind) {
     if (kind == kPageBreak)
-      body.push_back(PageBreak{});
+      body.emplace_back(std::in_place_type<PageBreak>);
     else if (kind == kSectionBreak)
       body.push_back(sections_.at(static_cast<std::size_t>(format.intProperty(kIndex))));
   });
   if (isParagraph(block))
-    body.push_back(readParagraph(block));
+    body.emplace_back(std::in_place_type<Paragraph>, readParagraph(block));
 }
 
 Paragraph LetterText::readParagraph(const QTextBlock& block) const {
