@@ -10,7 +10,7 @@
 #include "documents/editor/rich_text_box.h"
 #include "ui/control_view.h"
 #include "ui/style.h"
-#include "ui/writing/letter_text.h"
+#include "ui/writing/qt_letter.h"
 #include "ui/writing/text_formats.h"
 
 namespace zelvo {
@@ -140,7 +140,7 @@ class RichTextView : public ControlView {
 
   RichTextBox& box_;
   Paper* widget_;
-  LetterText letter_;
+  QtLetter letter_;
   std::uint64_t shown_ = 0;
 };
 

@@ -64,7 +64,7 @@ void FormatBar::offerFonts() {
 
 void FormatBar::refresh() {
   offerFonts();
-  const TextLook look = text_.look();
+  const SelectionLook look = text_.look();
   cboFont.text = look.family.value_or("");
   cboSize.text = look.points ? numberText(*look.points) : "";
   chkBold.checked = look.bold.value_or(false);

@@ -146,8 +146,8 @@ void RichTextBox::insert(std::string_view text) {
   });
 }
 
-TextLook RichTextBox::look() const {
-  TextLook look = lookOf(document_, selection_);
+SelectionLook RichTextBox::look() const {
+  SelectionLook look = lookOf(document_, selection_);
   if (!typingStyle_)
     return look;
   look.family = typingStyle_->font.family;

@@ -46,7 +46,7 @@ class RichTextBox : public Control {
   void align(Alignment alignment);
   void insert(const std::vector<Paragraph>& paragraphs);
   void insert(std::string_view text);
-  TextLook look() const;
+  SelectionLook look() const;
   bool canUndo() const { return !undo_.empty(); }
   bool canRedo() const { return !redo_.empty(); }
   void undo();

@@ -98,7 +98,7 @@ void note(std::optional<Part>& known, const Part& seen, bool first) {
     known.reset();
 }
 
-void noteStyle(TextLook& look, const TextStyle& style, bool first) {
+void noteStyle(SelectionLook& look, const TextStyle& style, bool first) {
   note(look.family, style.font.family, first);
   note(look.points, style.font.points, first);
   note(look.bold, style.font.bold, first);
@@ -136,10 +136,10 @@ std::string searched(const Paragraph& paragraph) {
 
 }  // namespace
 
-TextLook lookOf(const Document& document, TextRange asked) {
+SelectionLook lookOf(const Document& document, TextRange asked) {
   const TextRange range = within(document, asked);
   const auto all = paragraphsOf(document);
-  TextLook look;
+  SelectionLook look;
   if (all.empty())
     return look;
   bool first = true;

@@ -13,13 +13,13 @@ namespace zelvo {
 // What a clerk does to the text of a letter. Whatever of the letter is not named by a change stays as it is.
 
 /// What a part of a text looks like; nothing where its letters differ among themselves.
-struct TextLook {
+struct SelectionLook {
   std::optional<std::string> family;
   std::optional<double> points;
   std::optional<bool> bold, italic, underline;
   std::optional<Alignment> alignment;
 };
-TextLook lookOf(const Document& document, TextRange range);
+SelectionLook lookOf(const Document& document, TextRange range);
 
 /// A change of the style of letters: called for each style that is met.
 using StyleChange = std::function<void(TextStyle&)>;

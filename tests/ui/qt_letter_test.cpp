@@ -1,4 +1,4 @@
-#include "ui/writing/letter_text.h"
+#include "ui/writing/qt_letter.h"
 
 #include <gtest/gtest.h>
 
@@ -44,10 +44,10 @@ std::vector<std::pair<std::string, Document>> letters() {
           {"no end", readDocument("{\\rtf1 a\\par\\par b")}};
 }
 
-TEST(LetterText, ALetterComesBackFromTheEditorAsItWentIn) {
+TEST(QtLetter, ALetterComesBackFromTheEditorAsItWentIn) {
   for (const auto& [why, letter] : letters()) {
     QTextDocument text;
-    LetterText converter;
+    QtLetter converter;
     converter.show(letter, text);
     EXPECT_TRUE(converter.read(text) == letter) << why << "\n"
                                                 << writeDocument(letter) << "\n"
@@ -55,7 +55,7 @@ TEST(LetterText, ALetterComesBackFromTheEditorAsItWentIn) {
   }
 }
 
-TEST(LetterText, TheLettersOfTheOfficeComeBackToo) {
+TEST(QtLetter, TheLettersOfTheOfficeComeBackToo) {
   QTextDocument text;
   const std::filesystem::path project =
       std::filesystem::path(ZELVO_TEST_DATA).parent_path().parent_path().parent_path();
@@ -63,7 +63,7 @@ TEST(LetterText, TheLettersOfTheOfficeComeBackToo) {
   int seen = 0;
   for (const std::string& name : listFiles(forms, "*.rtf")) {
     const Document letter = readDocument(readBytes(joinPath(forms, name)).value());
-    LetterText converter;
+    QtLetter converter;
     converter.show(letter, text);
     EXPECT_TRUE(converter.read(text) == letter) << name;
     ++seen;
@@ -71,10 +71,10 @@ TEST(LetterText, TheLettersOfTheOfficeComeBackToo) {
   EXPECT_GT(seen, 5);
 }
 
-TEST(LetterText, EveryPlaceOfTheLetterIsOneOfTheText) {
+TEST(QtLetter, EveryPlaceOfTheLetterIsOneOfTheText) {
   const Document letter = fullLetter();
   QTextDocument text;
-  LetterText converter;
+  QtLetter converter;
   converter.show(letter, text);
   const auto all = paragraphsOf(letter);
   for (std::size_t i = 0; i < all.size(); ++i)
@@ -86,9 +86,9 @@ TEST(LetterText, EveryPlaceOfTheLetterIsOneOfTheText) {
     }
 }
 
-TEST(LetterText, WhatIsTypedTakesNothingElseAlong) {
+TEST(QtLetter, WhatIsTypedTakesNothingElseAlong) {
   QTextDocument text;
-  LetterText converter;
+  QtLetter converter;
   const Document letter = fullLetter();
   converter.show(letter, text);
   QTextCursor cursor(&text);

@@ -18,7 +18,7 @@ namespace zelvo {
 /// A letter as the text of an editing widget, and back. The widget shows less than a letter holds: what it does not
 /// know (paper, headers, leaders, rows of a table, pictures as they lie in the file) is kept here, and the text carries
 /// the number under which it is found, through all cutting, joining and undoing.
-class LetterText {
+class QtLetter {
  public:
   /// Fills the text with a letter, whatever it held.
   void show(const Document& letter, QTextDocument& text);

@@ -1,4 +1,4 @@
-#include "ui/writing/letter_text.h"
+#include "ui/writing/qt_letter.h"
 
 #include <QImage>
 #include <QPainter>
@@ -118,7 +118,7 @@ bool isParagraph(const QTextBlock& block) {
 
 }  // namespace
 
-void LetterText::show(const Document& letter, QTextDocument& text) {
+void QtLetter::show(const Document& letter, QTextDocument& text) {
   frame_ = letter;
   frame_.body.clear();
   paragraphs_.clear();
@@ -143,7 +143,7 @@ void LetterText::show(const Document& letter, QTextDocument& text) {
   cursor.endEditBlock();
 }
 
-void LetterText::showBlock(QTextCursor& cursor, const Block& block) {
+void QtLetter::showBlock(QTextCursor& cursor, const Block& block) {
   if (const auto* paragraph = std::get_if<Paragraph>(&block))
     showParagraph(cursor, *paragraph);
   else if (const auto* row = std::get_if<TableRow>(&block))
@@ -156,14 +156,14 @@ void LetterText::showBlock(QTextCursor& cursor, const Block& block) {
   }
 }
 
-void LetterText::startBlock(QTextCursor& cursor, const QTextBlockFormat& format, const QTextCharFormat& letters) {
+void QtLetter::startBlock(QTextCursor& cursor, const QTextBlockFormat& format, const QTextCharFormat& letters) {
   if (!std::exchange(fresh_, false))
     return cursor.insertBlock(format, letters);
   cursor.setBlockFormat(format);
   cursor.setBlockCharFormat(letters);
 }
 
-void LetterText::showParagraph(QTextCursor& cursor, const Paragraph& paragraph) {
+void QtLetter::showParagraph(QTextCursor& cursor, const Paragraph& paragraph) {
   paragraphs_.push_back(paragraph);
   paragraphs_.back().runs.clear();
   QTextBlockFormat format = formatOf(paragraph.style);
@@ -173,7 +173,7 @@ void LetterText::showParagraph(QTextCursor& cursor, const Paragraph& paragraph) 
     showRun(cursor, run);
 }
 
-void LetterText::showRun(QTextCursor& cursor, const Run& run) {
+void QtLetter::showRun(QTextCursor& cursor, const Run& run) {
   const QTextCharFormat letters = formatOf(run.style);
   if (run.picture) {
     pictures_.push_back(run.picture);
@@ -188,7 +188,7 @@ void LetterText::showRun(QTextCursor& cursor, const Run& run) {
   }
 }
 
-void LetterText::showBreak(QTextCursor& cursor, int kind, std::size_t index) {
+void QtLetter::showBreak(QTextCursor& cursor, int kind, std::size_t index) {
   startBlock(cursor, {}, {});
   const QImage image = noteImage(kind == kPageBreak ? QStringLiteral("page break") : QStringLiteral("section break"),
                                  std::max(100, lineWidth() - 40));
@@ -196,7 +196,7 @@ void LetterText::showBreak(QTextCursor& cursor, int kind, std::size_t index) {
 }
 
 // Every row is a table of its own: rows of one letter may have their edges anywhere.
-void LetterText::showRow(QTextCursor& cursor, const TableRow& row) {
+void QtLetter::showRow(QTextCursor& cursor, const TableRow& row) {
   if (row.cells.empty())
     return;
   QTextBlockFormat spacer;
@@ -220,7 +220,7 @@ void LetterText::showRow(QTextCursor& cursor, const TableRow& row) {
   fresh_ = true;
 }
 
-Document LetterText::read(const QTextDocument& text) const {
+Document QtLetter::read(const QTextDocument& text) const {
   Document letter = frame_;
   for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
     if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
@@ -231,7 +231,7 @@ Document LetterText::read(const QTextDocument& text) const {
   return letter;
 }
 
-void LetterText::readBlock(const QTextBlock& block, std::vector<Block>& body) const {
+void QtLetter::readBlock(const QTextBlock& block, std::vector<Block>& body) const {
   eachPiece(block, [&](const QTextCharFormat& format, const QString&, int kind) {
     if (kind == kPageBreak)
       body.emplace_back(std::in_place_type<PageBreak>);
@@ -242,7 +242,7 @@ void LetterText::readBlock(const QTextBlock& block, std::vector<Block>& body) co
     body.emplace_back(std::in_place_type<Paragraph>, readParagraph(block));
 }
 
-Paragraph LetterText::readParagraph(const QTextBlock& block) const {
+Paragraph QtLetter::readParagraph(const QTextBlock& block) const {
   Paragraph paragraph;
   const QTextBlockFormat format = block.blockFormat();
   if (format.hasProperty(kParagraph))
@@ -263,7 +263,7 @@ Paragraph LetterText::readParagraph(const QTextBlock& block) const {
   return paragraph;
 }
 
-TableRow LetterText::readRow(const QTextTable& table) const {
+TableRow QtLetter::readRow(const QTextTable& table) const {
   TableRow row = rows_.at(static_cast<std::size_t>(table.format().intProperty(kRow)));
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
     const QTextTableCell cell = table.cellAt(0, static_cast<int>(i));
@@ -274,7 +274,7 @@ TableRow LetterText::readRow(const QTextTable& table) const {
   return row;
 }
 
-int LetterText::positionOf(const QTextDocument& text, TextPlace place) const {
+int QtLetter::positionOf(const QTextDocument& text, TextPlace place) const {
   std::size_t paragraph = 0;
   for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
     if (!isParagraph(block))
@@ -297,7 +297,7 @@ int LetterText::positionOf(const QTextDocument& text, TextPlace place) const {
   return std::max(0, text.characterCount() - 1);
 }
 
-TextPlace LetterText::placeOf(const QTextDocument& text, int position) const {
+TextPlace QtLetter::placeOf(const QTextDocument& text, int position) const {
   const QTextBlock found = text.findBlock(position);
   TextPlace place;
   for (QTextBlock block = text.begin(); block.isValid() && block != found; block = block.next())
@@ -314,7 +314,7 @@ TextPlace LetterText::placeOf(const QTextDocument& text, int position) const {
   return place;
 }
 
-int LetterText::lineWidth() const {
+int QtLetter::lineWidth() const {
   constexpr int kPaper = 12240, kSide = 720, kNarrowest = 1440;
   const PageSetup& page = frame_.page;
   const int line = page.width.value_or(kPaper) - page.left.value_or(kSide) - page.right.value_or(kSide);
