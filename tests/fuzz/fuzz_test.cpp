@@ -93,6 +93,8 @@ constexpr std::string_view queryPieces[] = {"Select * from BLDGPERM",
 TEST(AnyTextAtAll, IsAQueryThatIsAnsweredOrRefused) {
   Dice dice;
   DialectTrial trial;
+  for (const char* broken : {"\xAB", "\xC3", "x\xE2\x82", "\xFF\xFE"})  // bytes that are no letter are themselves
+    tryOut(trial, broken);
   for (int round = 0; round < 40; ++round)
     for (const dialect::Case& row : dialect::conditionCases) {
       std::string query = (round % 2 ? "Select * from BLDGPERM where " : "") + std::string(row.query);

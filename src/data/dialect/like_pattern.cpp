@@ -24,10 +24,6 @@ bool isBeyondAscii(char c) {
   return static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool beginsLetterBeyondAscii(char c) {
-  return static_cast<unsigned char>(c) >= 0xC0;
-}
-
 char32_t nextPlain(std::string_view text, std::size_t& position) {
   if (!isBeyondAscii(text[position]))
     return static_cast<unsigned char>(lowered(text[position++]));
@@ -140,7 +136,7 @@ bool LikePattern::holdsPlainNeedleWithoutAccents(std::string_view text) const {
 bool LikePattern::holdsNeedle(std::string_view text) const {
   const char first = needle_.front() < 0x80 ? static_cast<char>(needle_.front()) : '\0';
   for (std::size_t at = 0; at < text.size(); ++at)
-    if ((beginsLetterBeyondAscii(text[at]) || lowered(text[at]) == first) && needleAt(text, at))
+    if ((isBeyondAscii(text[at]) || lowered(text[at]) == first) && needleAt(text, at))
       return true;
   return false;
 }
