@@ -192,7 +192,8 @@ void RecordScreen::markRequired() {
     for (const RequiredBox& required : kind_.required) {
       if (needed != (mode_ != Mode::Search && isNeeded(required)))
         continue;
-      for (int box : required.box == kParcelBoxes ? std::vector{2, 3, 4} : std::vector{required.box}) {
+      for (int box : required.box == kParcelBoxes ? std::vector(std::begin(kParcelKeyBoxes), std::end(kParcelKeyBoxes))
+                                                  : std::vector{required.box}) {
         Combo* pick = picks.standingFor(Text1(box));
         (pick ? static_cast<Control&>(*pick) : Text1(box)).required = needed;
       }

@@ -41,7 +41,7 @@ bool RecordScreen::requireFilled() {
 TextBox* RecordScreen::firstBlank(const RequiredBox& required) {
   if (required.box != kParcelBoxes)
     return boxText(*this, required.box).empty() ? &Text1(required.box) : nullptr;
-  for (int part : {2, 3, 4})
+  for (int part : kParcelKeyBoxes)
     if (boxText(*this, part).empty())
       return &Text1(part);
   return nullptr;

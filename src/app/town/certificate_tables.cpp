@@ -20,7 +20,7 @@ struct Certificate {
   std::string year() const { return datePicture(issued, "yy"); }
 };
 
-constexpr Cell<Certificate> kCertificateCells[] = {
+constexpr TownCell<Certificate> kCertificateCells[] = {
     {"PERMIT", [](const Certificate& c) -> Value { return c.permit.number; }},
     {"BLDGPERMYY", [](const Certificate& c) -> Value { return c.permit.year; }},
     {"BLDGPRM", [](const Certificate& c) -> Value { return c.permit.sequence; }},
@@ -69,7 +69,7 @@ struct Affidavit {
   Date signedOn;
 };
 
-constexpr Cell<Affidavit> kAffidavitCells[] = {
+constexpr TownCell<Affidavit> kAffidavitCells[] = {
     {"AFFIY", [](const Affidavit& a) -> Value { return a.year; }},
     {"AFFIN", [](const Affidavit& a) -> Value { return a.sequence; }},
     {"FILENO", [](const Affidavit& a) -> Value { return a.number; }},
@@ -120,7 +120,7 @@ Value paidPart(const Fee& fee, std::string_view picture) {
   return fee.paid > 0 ? datePicture(fee.permit.filed, picture) : "";
 }
 
-constexpr Cell<Fee> kFeeCells[] = {
+constexpr TownCell<Fee> kFeeCells[] = {
     {"PBFCASE", [](const Fee& f) -> Value { return f.permit.number; }},
     {"PBFSTATUS", [](const Fee& f) -> Value { return f.permit.voided ? "V" : "A"; }},
     {"PBFEXTRA", [](const Fee&) -> Value { return "P"; }},

@@ -28,7 +28,7 @@ Value money(int dollars) {
   return numberPicture(dollars, "#####0.#0");
 }
 
-constexpr Cell<FireProperty> kPropertyCells[] = {
+constexpr TownCell<FireProperty> kPropertyCells[] = {
     {"FSBL", [](const FireProperty& f) -> Value { return f.parcel.key; }},
     {"FNEW", [](const FireProperty&) -> Value { return "N"; }},
     {"FSTATUS", [](const FireProperty&) -> Value { return ""; }},
@@ -67,7 +67,7 @@ constexpr Cell<FireProperty> kPropertyCells[] = {
      }},
 };
 
-constexpr Cell<FireProperty> kFireInspectionCells[] = {
+constexpr TownCell<FireProperty> kFireInspectionCells[] = {
     {"FISBL", [](const FireProperty& f) -> Value { return f.parcel.key; }},
     {"FCERT", [](const FireProperty& f) -> Value { return "F" + std::to_string(f.number); }},
     {"FISTATUS", [](const FireProperty& f) -> Value { return f.status; }},
@@ -152,7 +152,7 @@ FireProperty fireProperty(const TownPlan& plan, std::size_t index, std::size_t p
 }
 
 Result<void> fillFireTable(TableFiller& filler, const TownPlan& plan, std::string_view table,
-                           std::span<const Cell<FireProperty>> cells) {
+                           std::span<const TownCell<FireProperty>> cells) {
   const std::vector<std::uint32_t> parcels = inspectedParcels(plan);
   return filler.fill<FireProperty>(table, cells, parcels.size(),
                                    [&](std::size_t index) { return fireProperty(plan, index, parcels[index]); });

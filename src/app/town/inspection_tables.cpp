@@ -30,7 +30,7 @@ Value permitPart(const Inspection& inspection, std::string Permit::*part) {
   return inspection.permit ? (*inspection.permit).*part : std::string();
 }
 
-constexpr Cell<Inspection> kInspectionCells[] = {
+constexpr TownCell<Inspection> kInspectionCells[] = {
     {"RECNO", [](const Inspection& i) -> Value { return i.number; }},
     {"PERMIT", [](const Inspection& i) -> Value { return permitPart(i, &Permit::number); }},
     {"BLDGPERMYY", [](const Inspection& i) -> Value { return permitPart(i, &Permit::year); }},

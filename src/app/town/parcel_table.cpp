@@ -20,7 +20,7 @@ struct Registered {
 constexpr std::size_t kParcelsARemark = 37;
 constexpr std::string_view kRemark = "Lot line in dispute with the neighbor; see the survey.";
 
-constexpr Cell<Registered> kParcelCells[] = {
+constexpr TownCell<Registered> kParcelCells[] = {
     {"SBLF", [](const Registered& r) -> Value { return r.parcel.key; }},
     {"ASSOC", [](const Registered& r) -> Value { return left(r.parcel.owner.name, 20); }},
     {"PERMIT", [](const Registered& r) -> Value { return r.permit; }},

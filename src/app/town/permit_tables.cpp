@@ -23,7 +23,7 @@ const Person& architectOf(const Permit& permit) {
   return permit.architect ? *permit.architect : nobody;
 }
 
-constexpr Cell<Permit> kPermitCells[] = {
+constexpr TownCell<Permit> kPermitCells[] = {
     {"PERMIT", [](const Permit& p) -> Value { return p.number; }},
     {"JOB", [](const Permit& p) -> Value { return "J" + p.year + p.sequence; }},
     {"BIN", [](const Permit& p) -> Value { return std::to_string(1'000'000 + p.parcel.index); }},
@@ -106,7 +106,7 @@ struct Attached {
 // The end of what has no end, by the office's custom.
 constexpr Date kNoEnd = {2298, 12, 31};
 
-constexpr Cell<Attached> kInsuranceCells[] = {
+constexpr TownCell<Attached> kInsuranceCells[] = {
     {"RECNO", [](const Attached& a) -> Value { return a.permit.number; }},
     {"INSCO1", [](const Attached& a) -> Value { return a.exempt ? "" : a.firm.name; }},
     {"IADDR1", [](const Attached& a) -> Value { return a.exempt ? "" : a.firm.address; }},
@@ -123,7 +123,7 @@ constexpr Cell<Attached> kInsuranceCells[] = {
      }},
 };
 
-constexpr Cell<Attached> kContactCells[] = {
+constexpr TownCell<Attached> kContactCells[] = {
     {"RECNO", [](const Attached& a) -> Value { return a.permit.number; }},
     {"CINSCO1", [](const Attached& a) -> Value { return a.firm.name; }},
     {"CIADDR1", [](const Attached& a) -> Value { return a.firm.address; }},

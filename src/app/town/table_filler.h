@@ -16,7 +16,7 @@ namespace zelvo {
 
 /// How a column of a table comes from what is invented of a record.
 template <class Facts>
-struct Cell {
+struct TownCell {
   std::string_view column;
   Value (*of)(const Facts&);
 };
@@ -29,15 +29,15 @@ class TableFiller {
   /// Makes the table's database and fills it with `count` records, each of which `factsOf` invents by its number from
   /// 0.
   template <class Facts>
-  Result<void> fill(std::string_view table, std::span<const Cell<Facts>> cells, std::size_t count,
+  Result<void> fill(std::string_view table, std::span<const TownCell<Facts>> cells, std::size_t count,
                     const std::function<Facts(std::size_t)>& factsOf) {
     std::vector<std::string_view> columns;
-    for (const Cell<Facts>& cell : cells)
+    for (const TownCell<Facts>& cell : cells)
       columns.push_back(cell.column);
     return pour(table, columns, count, [&](std::size_t record, std::vector<Value>& row) {
       const Facts facts = factsOf(record);
       row.clear();
-      for (const Cell<Facts>& cell : cells)
+      for (const TownCell<Facts>& cell : cells)
         row.push_back(cell.of(facts));
     });
   }

@@ -33,7 +33,7 @@ struct Violation {
 // The office's sign for a violation that has no such date.
 constexpr Date kNoDate = {1899, 12, 31};
 
-constexpr Cell<Violation> kViolationCells[] = {
+constexpr TownCell<Violation> kViolationCells[] = {
     {"RECNO", [](const Violation& v) -> Value { return v.number; }},
     {"INCDYEAR", [](const Violation& v) -> Value { return std::to_string(v.date.year); }},
     {"INCDNUMB", [](const Violation& v) -> Value { return v.number; }},
@@ -124,7 +124,7 @@ struct Action {
   bool last = true;
 };
 
-constexpr Cell<Action> kActionCells[] = {
+constexpr TownCell<Action> kActionCells[] = {
     {"RECNO", [](const Action& a) -> Value { return a.violation.number; }},
     {"SEQ", [](const Action& a) -> Value { return a.sequence; }},
     {"DTEINSP", [](const Action& a) -> Value { return a.date; }},

@@ -26,7 +26,7 @@ std::string feet(int value) {
   return std::to_string(value);
 }
 
-constexpr Cell<ZoningPermit> kZoningCells[] = {
+constexpr TownCell<ZoningPermit> kZoningCells[] = {
     {"ZNPERMIT", [](const ZoningPermit& z) -> Value { return z.number; }},
     {"BLDGPERMYY", [](const ZoningPermit& z) -> Value { return z.year; }},
     {"BLDGPRM", [](const ZoningPermit& z) -> Value { return z.sequence; }},
@@ -136,7 +136,7 @@ constexpr Meeting kMeetings[] = {
     {"Builders' evening", "Library", "Main hall", "06:00 PM", false, "", "", {2027, 1, 14}},
 };
 
-constexpr Cell<Meeting> kMeetingCells[] = {
+constexpr TownCell<Meeting> kMeetingCells[] = {
     {"MNAME", [](const Meeting& m) -> Value { return m.name; }},
     {"MLOC", [](const Meeting& m) -> Value { return m.place; }},
     {"MRMID", [](const Meeting& m) -> Value { return m.room; }},
