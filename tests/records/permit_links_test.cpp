@@ -66,6 +66,8 @@ TEST_F(PermitLinks, OtherRecordsAreShownWhereThereIsAScreenForThem) {
     learn(screen);
   at.click(open(), "iInsp");
   EXPECT_EQ(at.session.queryFor(QuerySlot::Inspections).query, "Select * from INSPDTL where [PERMIT] = '26-1'");
+  at.click(open(), "iViol");
+  EXPECT_EQ(at.session.queryFor(QuerySlot::Violations).query, "Select * from VIOLDATA where [PERMIT] = '26-1'");
   at.click(open(), "iFee");
   EXPECT_EQ(at.came.back(), "feesfrm");
   EXPECT_EQ(at.session.hop, "26-1");

@@ -42,7 +42,7 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters, LabelPri
 }
 
 void APermits::bindButtons() {
-  for (Button* button : {&iLook, &iExpires, &iInsp, &iCert, &iCertInfo, &iFee, &iMap})
+  for (Button* button : {&iLook, &iExpires, &iInsp, &iViol, &iCert, &iCertInfo, &iFee, &iMap})
     button->enabled = false;  // until a record is at hand
   iLook.tip = "Finds the parcel by its S-B-L, address, owner or roll entry";
   iExpires.tip = "Chooses the expiration date, or so many months from the permit date";
@@ -52,6 +52,7 @@ void APermits::bindButtons() {
   onClick(iLook, [this] { iLook_Click(); });
   onClick(iExpires, [this] { iExpires_Click(); });
   onClick(iInsp, [this] { doins(); });
+  onClick(iViol, [this] { doviols(); });
   onClick(iCert, [this] { docerts(); });
   onClick(iCertInfo, [this] { iCertInfo_Click(); });
   onClick(iFee, [this] { iFee_Click(); });

@@ -36,6 +36,7 @@ class APermits : public RecordScreen {
   // Other screens on this permit.
   void docerts();
   void doins();
+  void doviols();  ///< the violations that were written for the permit
   void iFee_Click();
   void Label28_Click();  ///< the violations of the parcel
   void iMap_Click();
@@ -98,6 +99,7 @@ class APermits : public RecordScreen {
   ControlGroup<TextBox> builder_{Text1, {26, 28, 27, 25, 16}};
   ControlGroup<TextBox> architect_{Text1, {20, 22, 21, 24, 15}};
   Button iInsp{*this, "iInsp", "Inspections"};
+  Button iViol{*this, "iViol", "Violations"};
   Button iCert{*this, "iCert", "Certificates"};
   Button iCertInfo{*this, "iCertInfo", "Certificate list"};
   Button iFee{*this, "iFee", "Fees"};

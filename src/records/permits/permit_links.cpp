@@ -79,6 +79,10 @@ void APermits::doins() {
   showOtherRecords(desk, kInspections, "Select * from INSPDTL where " + columnIs("PERMIT", key()));
 }
 
+void APermits::doviols() {
+  showOtherRecords(desk, kViolations, "Select * from VIOLDATA where " + columnIs("PERMIT", key()));
+}
+
 void APermits::Label28_Click() {
   if (Label28.caption.empty())
     return;

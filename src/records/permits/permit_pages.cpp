@@ -24,7 +24,7 @@ void APermits::bindPage(SubRecordPage& page) {
 void APermits::enableOwnButtons(bool browsing) {
   const bool onRecord = browsing && !dbisempty();
   iLook.enabled = iExpires.enabled = mode() == Mode::New || mode() == Mode::Edit;
-  for (Button* button : {&iInsp, &iCert, &iCertInfo, &iFee, &iMap})
+  for (Button* button : {&iInsp, &iViol, &iCert, &iCertInfo, &iFee, &iMap})
     button->enabled = onRecord;
   for (SubRecordPage* page : {&insurance_, &contacts_})
     if (mode() == Mode::Search)

@@ -59,9 +59,10 @@ constexpr LayoutRow kPermitRows[] = {
     field("Text1(15)", "E-mail"),
     group("Further records"),
     field("iInsp"),
-    beside("iCert"),
+    beside("iViol"),
+    beside("iFee"),
+    field("iCert"),
     beside("iCertInfo"),
-    field("iFee"),
     beside("iMap"),
 
     column(9),
