@@ -54,11 +54,16 @@ void checkCounts(const Screen& screen, const Layout& layout, std::vector<std::st
       problems.push_back(control->id() + " is placed nowhere");
 }
 
-std::size_t pagesOf(const Screen& screen) {
+const Tabs* tabsOf(const Screen& screen) {
   for (const Control* control : screen.controls())
     if (const auto* tabs = dynamic_cast<const Tabs*>(control))
-      return tabs->pages.size();
-  return 0;
+      return tabs;
+  return nullptr;
+}
+
+std::size_t pagesOf(const Screen& screen) {
+  const Tabs* tabs = tabsOf(screen);
+  return tabs ? tabs->pages.size() : 0;
 }
 
 void checkPages(const Screen& screen, const Layout& layout, std::vector<std::string>& problems) {
@@ -87,9 +92,12 @@ void claimKey(const std::string& key, KeyHolder holder, std::map<std::string, st
 }
 
 // An access key reaches what can be seen: two of a kind clash on one page, or when one of them stands outside the
-// pages.
+// pages, as the tabs do.
 void checkAccessKeys(const Screen& screen, const Layout& layout, std::vector<std::string>& problems) {
   std::map<std::string, std::vector<KeyHolder>> taken;
+  if (const Tabs* tabs = tabsOf(screen))
+    for (const std::string& caption : tabs->pages)
+      claimKey(accessKey(caption), {kOnEveryPage, caption}, taken, problems);
   int page = kOnEveryPage;
   for (const LayoutRow& row : layout.rows) {
     if (row.kind == LayoutRow::Kind::Page)
@@ -152,11 +160,7 @@ std::vector<std::string> layoutProblems(const Screen& screen, const Layout& layo
 }
 
 StackedLayout::StackedLayout(const Screen& screen) {
-  std::size_t pages = 0;
-  for (const Control* control : screen.controls())
-    if (const auto* tabs = dynamic_cast<const Tabs*>(control))
-      pages = tabs->pages.size();
-  if (pages > 0)
+  if (pagesOf(screen) > 0)
     rows_.push_back(page(0));
   rows_.push_back(group());
   for (const Control* control : screen.controls())

@@ -52,6 +52,9 @@ TEST_F(LayoutTest, DisagreementsAreNamed) {
   rows.erase(rows.begin() + 3);
   EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", rows}), std::vector<std::string>{"Combo1 is placed nowhere"});
   EXPECT_EQ(layoutProblems(*screen, {"OtherFrm", whole()}).front(), "the layout of OtherFrm is none of SampleFrm");
+  Tabs tabs(*screen, "SSTab1", {"&Details"});
+  EXPECT_EQ(layoutProblems(*screen, {"SampleFrm", whole()}),
+            std::vector<std::string>{"the access key D is given to &Details and to Check3"});
 }
 
 /// Only builds: nobody does anything in it.

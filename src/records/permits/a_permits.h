@@ -100,9 +100,9 @@ class APermits : public RecordScreen {
   ControlGroup<TextBox> architect_{Text1, {20, 22, 21, 24, 15}};
   Button iInsp{*this, "iInsp", "Inspections"};
   Button iViol{*this, "iViol", "Violations"};
+  Button iFee{*this, "iFee", "Fees"};
   Button iCert{*this, "iCert", "Certificates"};
   Button iCertInfo{*this, "iCertInfo", "Certificate list"};
-  Button iFee{*this, "iFee", "Fees"};
   Button iMap{*this, "iMap", "Map"};
   Combo Combo2{*this, "Combo2"};
   Combo Combo1{*this, "Combo1"};

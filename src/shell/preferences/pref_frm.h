@@ -62,7 +62,7 @@ class PrefFrm : public Screen {
 
   // In the order of the Tab key, page by page.
   Tabs SSTab1{
-      *this, "SSTab1", {"&Office", "&Databases", "Des&ktop", "&Numbers", "Inspection c&odes", "&Laws and links"}};
+      *this, "SSTab1", {"&Office", "&Databases", "Des&ktop", "&Numbers", "Inspec&tion codes", "&Laws and links"}};
   TextBox Text1{*this, "Text1"}, Text3{*this, "Text3"}, Text4{*this, "Text4"}, Text5{*this, "Text5"},
       Text6{*this, "Text6"}, Text7{*this, "Text7"};
   TextBox Text9{*this, "Text9"};
