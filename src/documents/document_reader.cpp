@@ -328,11 +328,16 @@ class Reader : public RtfSink {
     document_.body.emplace_back(PageBreak{});
   }
 
+  // Right behind a table there is no paragraph to end.
+  bool isBehindTable() const {
+    return look_.paragraph.inTable && !table_.isOpen() && !document_.body.empty() &&
+           std::holds_alternative<TableRow>(document_.body.back());
+  }
+
   void endSection(const RtfState& state) {
     if (state.destination != Destination::Body)
       return;
-    // Right behind a table there is no paragraph to end.
-    if (!look_.paragraph.inTable || table_.isOpen() || !current(state).runs.empty())
+    if (!isBehindTable() || !current(state).runs.empty())
       endParagraph(state.flow);
     endRow();
     sections_.begin(document_.body);

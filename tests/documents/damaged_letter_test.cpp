@@ -64,6 +64,11 @@ TEST(DamagedLetter, WithAByteLostOrChangedIsStillALetter) {
   }
 }
 
+TEST(DamagedLetter, ATableThatIsOnlyAnnouncedIsNone) {
+  useLetter("{\\rtf1\\intbl\\sect a}", "ended by a section");
+  useLetter("{\\rtf1 a\\par\\page\\intbl\\sect\\intbl\\sect b}", "behind pages and sections");
+}
+
 std::string times(int count, std::string_view piece) {
   std::string text;
   for (int i = 0; i < count; ++i)
