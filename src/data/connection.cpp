@@ -73,8 +73,15 @@ Result<bool> Connection::exists(std::string_view name, std::string_view conditio
 
 // ---- transactions
 
-Result<Connection::Transaction> Connection::begin() {
-  if (auto begun = engine_->begin(); !begun)
+Result<Connection::Transaction> Connection::begin(const std::vector<std::string>& along) {
+  std::vector<std::string> paths;
+  for (const std::string& text : along) {
+    auto path = pathOf(text);
+    if (!path)
+      return path.error();
+    paths.push_back(std::move(*path));
+  }
+  if (auto begun = engine_->begin(paths); !begun)
     return begun.error();
   return Transaction(*this);
 }

@@ -46,7 +46,9 @@ class Connection {
     explicit Transaction(Connection& connection) : connection_(&connection) {}
     Connection* connection_;
   };
-  Result<Transaction> begin();
+  /// The tables of the databases `along`, by their connection texts, are reached through this connection until the
+  /// transaction ends, and stored with it. They must be there, and in the same store.
+  Result<Transaction> begin(const std::vector<std::string>& along = {});
 
   /// Whether a row answers the condition, in the office's dialect ("[PERMIT] = '25-134'"), by its index where there is
   /// one.

@@ -23,16 +23,35 @@ Result<const Table*> Engine::table(std::string_view name) const {
 
 // ---- transactions
 
-Result<void> Engine::begin() {
+Result<void> Engine::begin(std::span<const std::string> along) {
   if (transaction_)
     return Error{Trouble::Failed,
                  "The changes to \"" + path() +
                      "\" cannot be begun: others are under way in the same screen. Store those or give "
                      "them up first."};
-  if (auto begun = open(); !begun)
-    return begun;
-  transaction_ = std::make_shared<Outcome>(Outcome::Open);
+  auto begun = joinAll(along);
+  if (begun)
+    begun = open();
+  if (begun)
+    transaction_ = std::make_shared<Outcome>(Outcome::Open);
+  else
+    partAll();
+  return begun;
+}
+
+Result<void> Engine::joinAll(std::span<const std::string> paths) {
+  for (const std::string& path : paths) {
+    const auto joined = join(path);
+    if (!joined)
+      return joined.error();
+    tables_.push_back(*joined);
+  }
   return {};
+}
+
+void Engine::partAll() {
+  part();
+  tables_.resize(own_);
 }
 
 Result<void> Engine::commit() {
@@ -50,6 +69,7 @@ void Engine::end(Outcome outcome) {
   if (transaction_)
     *transaction_ = outcome;
   transaction_.reset();
+  partAll();
 }
 
 // Whoever moves an office to another store holds the old one until the records have their new place. So it is asked

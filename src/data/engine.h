@@ -45,7 +45,7 @@ class Engine {
  public:
   using NextRow = std::function<bool(std::vector<Value>&)>;
 
-  explicit Engine(std::vector<const Table*> tables) : tables_(std::move(tables)) {}
+  explicit Engine(std::vector<const Table*> tables) : tables_(std::move(tables)), own_(tables_.size()) {}
   virtual ~Engine() = default;
 
   virtual const std::string& path() const = 0;
@@ -78,8 +78,9 @@ class Engine {
   virtual Row asStored(Row row) const { return row; }
 
   /// One transaction at a time. While it is open no other computer writes. Refused when this store is not in its place
-  /// any more.
-  Result<void> begin();
+  /// any more. Until it ends the tables of the databases `along`, by their paths, are reached through this engine, and
+  /// what is stored in them is kept or given up with the rest; Trouble::BadInput when one lies in another store.
+  Result<void> begin(std::span<const std::string> along = {});
   /// A commit that fails leaves nothing behind, as a rollback does.
   Result<void> commit();
   void rollback();
@@ -92,6 +93,10 @@ class Engine {
   virtual Standing standing() const = 0;
   /// Begins the store's transaction in such a way that no other computer writes until its end.
   virtual Result<void> takeForWriting() = 0;
+  /// Reaches the table of another database of the same store through this one. Outside a transaction.
+  virtual Result<const Table*> join(const std::string& path) = 0;
+  /// Lets go all that was joined. Outside a transaction.
+  virtual void part() = 0;
   /// "commit", "rollback", and those of a savepoint.
   virtual Result<void> execute(const std::string& sql) = 0;
 
@@ -106,12 +111,16 @@ class Engine {
   const Table* find(std::string_view name) const;
   /// The only table of most databases.
   const Table& mainTable() const { return *tables_.front(); }
+  /// Its own tables, and behind them those that are joined.
+  std::span<const Table* const> tables() const { return tables_; }
   /// What belongs to a transaction that failed before goes on no more.
   Result<void> goesOn() const;
 
  private:
   class Change;
 
+  Result<void> joinAll(std::span<const std::string> paths);
+  void partAll();
   Result<void> open();
   Result<void> keep();
   void giveUp();
@@ -119,6 +128,7 @@ class Engine {
   Result<void> checkUnchanged(const Table& table, RowId id, const Row& read);
 
   std::vector<const Table*> tables_;
+  std::size_t own_;  ///< tables; those behind them are joined
   std::shared_ptr<Outcome> transaction_;
 };
 

@@ -60,6 +60,12 @@ Result<void> givenUpBefore(std::string_view path) {
                    "the changes that go with this one failed before and were given up", "Try them again as a whole.");
 }
 
+Error liesApart(std::string_view path, std::string_view other) {
+  return fileError(FileDeed::Write, other, Trouble::BadInput,
+                   "it lies in another store than \"" + std::string(path) + "\", and both are to be stored together",
+                   "Store the one first, then the other.");
+}
+
 Error movedAway(std::string_view path) {
   return fileError(FileDeed::Write, path, Trouble::Failed,
                    "the office's records were moved to another place since it was opened",

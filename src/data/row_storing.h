@@ -24,6 +24,8 @@ Error keyInUse(std::string_view path, const Table& table, const Row& row);
 Error changedMeanwhile(std::string_view path, const Table& table, const Row& read, const Row& now);
 /// A change belongs to a transaction that failed before.
 Result<void> givenUpBefore(std::string_view path);
+/// What is to be stored together lies in different stores.
+Error liesApart(std::string_view path, std::string_view other);
 /// The office keeps its records elsewhere since the database was opened.
 Error movedAway(std::string_view path);
 

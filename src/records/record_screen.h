@@ -90,6 +90,8 @@ class RecordScreen : public Screen {
   /// What a new record begins with, behind its number; a copy has the texts of the old one already.
   virtual void prefillNew(bool /*copy*/) {}
   /// Stores what goes with the record, which is current, its parcel registered: all of it is stored or nothing.
+  /// The other databases that storeAlong writes to, by their connection texts; mostly none.
+  virtual Result<std::vector<std::string>> databasesAlong() { return std::vector<std::string>(); }
   virtual Result<void> storeAlong() { return {}; }
   /// The new record is stored and current: which records are shown from now on.
   virtual void showAfterAdd() {}
@@ -99,10 +101,6 @@ class RecordScreen : public Screen {
   virtual bool findElsewhere() { return false; }
   /// Something is being typed on a page of the kind's own: the record stays at hand until that is settled.
   virtual bool ownPagesBusy() const { return false; }
-  /// Writes what belongs to a record in other databases and holds it back until the record itself is stored.
-  virtual Result<Release> storeBelongings(std::string_view /*key*/) {
-    return Release([] { return Result<void>(); });
-  }
   /// The location and the owner that a new parcel is registered under.
   virtual std::string parcelOwner() const = 0;
   virtual std::string parcelLocation() const = 0;
@@ -117,6 +115,7 @@ class RecordScreen : public Screen {
 
   Recordset& records() const { return *datPrimaryRS_; }
   Mode mode() const { return mode_; }
+  const std::shared_ptr<Connection>& connection() const { return connection_; }
   std::string key() const;
   /// Keeps what is printed from now on of the record at hand with that record, wherever the screen stands by then.
   KeepCopy keeper() const;
@@ -147,7 +146,7 @@ class RecordScreen : public Screen {
   void fillFromParcel(const ParcelFacts& facts) { offer_.fill(facts); }
   /// Marks the boxes that must be filled; to be called again when what isNeeded says may have changed.
   void markRequired();
-  /// The drop-down lists that stand for boxes.
+  /// The drop-down lists that stand for boxes, and the boxes with names of their own.
   Picks picks;
 
   Tabs SSTab1;
@@ -218,7 +217,7 @@ class RecordScreen : public Screen {
   Result<void> store();
   Result<void> storeParcel();
   void afterStoring();
-  void tellStoredBut(std::string_view what, std::string_view trouble);
+  void tellNumberTrouble();
   void stampRecord();
   void tellStoreFailed(const Error& error);
   bool resolveConflict();
@@ -241,11 +240,10 @@ class RecordScreen : public Screen {
   ScreenValues asRead_;    ///< what the page showed when the edit began
   bool conflict_ = false;  ///< someone else changed the record, and it is not settled yet what stands
   std::vector<TextBox*> amounts_;
-  bool readBefore_ = true;         ///< what was typed before is to be read anew
-  std::string proposed_;           ///< the key that INew put on the screen
-  std::string newParcel_;          ///< key of a parcel that the user agreed to register with this record
-  std::string numberTrouble_;      ///< why the next number could not be written, of the last add
-  std::string belongingsTrouble_;  ///< why what belongs to the record could not be stored with it
+  bool readBefore_ = true;     ///< what was typed before is to be read anew
+  std::string proposed_;       ///< the key that INew put on the screen
+  std::string newParcel_;      ///< key of a parcel that the user agreed to register with this record
+  std::string numberTrouble_;  ///< why the next number could not be written, of the last add
 };
 
 }  // namespace zelvo

@@ -125,10 +125,12 @@ void RecordScreen::stampRecord() {
 
 // The store is held for writing from the first line to the last: a computer that adds at the same moment waits its
 // turn and then finds the number taken. The parcel goes in before the record is acknowledged, then the number. What
-// belongs to the record in other databases is written before and let go behind it: a store that has no room refuses
-// all of it, and nothing ever belongs to a record that is not there.
+// belongs to the record in other databases is kept by the same commit as the record.
 Result<void> RecordScreen::store() {
-  auto transaction = connection_->begin();
+  const auto along = databasesAlong();
+  if (!along)
+    return along.error();
+  auto transaction = connection_->begin(*along);
   if (!transaction)
     return transaction.error();
   if (mode_ == Mode::New)
@@ -144,14 +146,7 @@ Result<void> RecordScreen::store() {
     const auto numbered = numbering_.noteTaken();
     numberTrouble_ = numbered ? "" : numbered.error().message;
   }
-  auto belongings = storeBelongings(typedKey());
-  if (!belongings)
-    return belongings.error();
-  if (auto stored = transaction->commit(); !stored)
-    return stored;
-  const auto released = (*belongings)();
-  belongingsTrouble_ = released ? "" : released.error().message;
-  return {};
+  return transaction->commit();
 }
 
 Result<void> RecordScreen::storeParcel() {
@@ -195,15 +190,14 @@ void RecordScreen::afterStoring() {
   if (mode_ == Mode::New)
     showAfterAdd();
   browse();
-  tellStoredBut("the next number could not be noted", numberTrouble_);
-  tellStoredBut("what was entered on its further pages could not be stored and still waits there", belongingsTrouble_);
+  tellNumberTrouble();
 }
 
-void RecordScreen::tellStoredBut(std::string_view what, std::string_view trouble) {
-  if (!trouble.empty())
+void RecordScreen::tellNumberTrouble() {
+  if (!numberTrouble_.empty())
     desk.messages.tell(" " + caption,
-                       "The " + std::string(kind_.noun) + " " + key() + " is stored, but " + std::string(what) + ":\n" +
-                           std::string(trouble),
+                       "The " + std::string(kind_.noun) + " " + key() +
+                           " is stored, but the next number could not be noted:\n" + numberTrouble_,
                        Icon::Exclamation);
 }
 

@@ -102,6 +102,37 @@ TEST_F(StoreTest, FailedChangeLeavesItsTransactionWhole) {
   EXPECT_EQ(permits(connect())->RecordCount(), 2u);
 }
 
+TEST_F(StoreTest, WhatIsStoredInTwoDatabasesTogetherIsKeptTogether) {
+  connect("db7.mdb");
+  const auto connection = connect();
+  for (const bool kept : {false, true}) {
+    auto transaction = connection->begin({connectionText(folder.file("db7.mdb"))});
+    ASSERT_TRUE(transaction.ok()) << troubleOf(transaction);
+    addPermit(*permits(connection), "25-1");
+    const auto insurance = rows(connection, "Select * from INSBASE");
+    insurance->AddNew();
+    insurance->set("RECNO", "25-1");
+    EXPECT_TRUE(insurance->Update().ok());
+    if (kept)
+      EXPECT_EQ(troubleOf(transaction->commit()), "");
+    else
+      transaction->rollback();
+    EXPECT_EQ(permits(connect())->RecordCount(), kept ? 1u : 0u);
+    EXPECT_EQ(rows(connect("db7.mdb"), "Select * from INSBASE")->RecordCount(), kept ? 1u : 0u);
+    EXPECT_FALSE(Recordset::open(connection, "Select * from INSBASE").ok()) << "only while they are stored together";
+  }
+}
+
+TEST_F(StoreTest, ADatabaseThatIsNotThereKeepsNothingFromBeingStoredWithoutIt) {
+  connect("db7.mdb");
+  const auto connection = connect();
+  const std::string there = connectionText(folder.file("db7.mdb")), away = connectionText("/nowhere/cont.mdb");
+  EXPECT_FALSE(connection->begin({there, away}).ok());
+  addPermit(*permits(connection), "25-1");
+  EXPECT_EQ(permits(connect())->RecordCount(), 1u);
+  EXPECT_TRUE(connection->begin({there}).ok()) << "nothing of the first try is held";
+}
+
 TEST_F(StoreTest, AnyTextIsStoredAndFoundAgain) {
   auto records = permits(connect());
   for (const std::string text :

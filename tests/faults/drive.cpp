@@ -60,6 +60,11 @@ std::string databaseAt(const std::string& path) {
   return recordsOf(path, table ? *table : *findTable("SBL"));
 }
 
+/// A database's journal, and the end of one that it shares with others, which the engine removes as it opens them.
+bool isJournal(const std::string& name) {
+  return name.find(".mdb-") != std::string::npos;
+}
+
 bool isUnfinished(const std::string& name) {
   return name.starts_with(".zelvo");
 }
@@ -112,7 +117,7 @@ std::string seenIn(const std::string& folder) {
   std::map<std::string, std::string> seen;
   for (const std::string& path : filesIn(folder)) {
     const std::string name = nameIn(path);
-    if (isUnfinished(name) || name.ends_with("-journal"))
+    if (isUnfinished(name) || isJournal(name))
       continue;
     seen[path.substr(folder.size())] = name.ends_with(".mdb") ? databaseAt(path) : *readBytes(path);
   }

@@ -16,6 +16,8 @@ namespace {
 class Office : public PermitOffice {
  public:
   Office() {
+    for (const char* table : {"INSBASE", "CONBASE"})
+      EXPECT_TRUE(createDatabase(path(findTable(table)->file), *findTable(table)).ok());
     at.answers = [this](const MessageBox& box) {
       messages += box.buttons == Buttons::OK ? box.text + "\n" : "";
       return Answer::Yes;
@@ -49,6 +51,18 @@ class Office : public PermitOffice {
     return look("db1.mdb", "Select * from BLDGPERM where " + std::string(condition))->RecordCount();
   }
 
+  /// The insurance of the permits that answer a condition, and of no other; its contacts are as many.
+  std::size_t rowsOf(std::string_view condition) {
+    const auto insurance = look("db7.mdb", "Select * from INSBASE"),
+               contacts = look("cont.mdb", "Select * from CONBASE");
+    EXPECT_EQ(contacts->RecordCount(), insurance->RecordCount());
+    for (Recordset* rows : {insurance.get(), contacts.get()})
+      for (; !rows->Eof(); rows->MoveNext())
+        EXPECT_EQ(stored(std::string(condition) + " AND [PERMIT] = '" + rows->text("RECNO") + "'"), 1u)
+            << "belongs to no permit";
+    return insurance->RecordCount();
+  }
+
   std::string messages;
 };
 
@@ -63,6 +77,7 @@ struct Task {
   void (*stillTyped)(Office&);
   const char* storedAs;  ///< a condition that finds the one permit
   const char* number;    ///< that it gets
+  std::size_t rows = 0;  ///< of insurance, and of contacts, that it brings
 };
 
 void typeNew(Office& office) {
@@ -72,6 +87,16 @@ void typeNew(Office& office) {
 void typeNewWithSeed(Office& office) {
   office.at.session.seeds.permit = "500";
   typeNew(office);
+}
+
+void typeWithRows(Office& office) {
+  typeNew(office);
+  for (const char* kind : {"Ins", "Contact"}) {
+    office.at.click(office.screen(), "iNew" + std::string(kind));
+    office.at.set(office.screen(), "Text" + std::string(kind) + "(1)", "Hudson Mutual");
+    office.at.set(office.screen(), "Combo" + std::string(kind), "General");
+    office.at.click(office.screen(), "iAdd" + std::string(kind));
+  }
 }
 
 void typeChanges(Office& office) {
@@ -84,6 +109,12 @@ void seeTyped(Office& office) {
   EXPECT_EQ(office.at.shown(office.screen(), "Text1(18)"), "Smith, John");
   EXPECT_EQ(office.at.shown(office.screen(), "Text1(4)"), "45");
   EXPECT_EQ(office.at.shown(office.screen(), "Text1(34)"), "14 Mill Road");
+}
+
+void seeTypedWithRows(Office& office) {
+  seeTyped(office);
+  for (const char* list : {"ListViewIns", "ListViewContact"})
+    EXPECT_EQ(office.at.shown(office.screen(), list), "1 rows, 7 columns");
 }
 
 void showFirst(Office& office) {
@@ -105,6 +136,8 @@ bool isBrowsing(Office& office) {
 const Task tasks[] = {
     {"Add", 25, 10, typeNew, "IAdd", isBrowsing, seeTyped, "[OWNNAME1] = 'Smith, John'", "26-2"},
     {"AddWithSeed", 25, 10, typeNewWithSeed, "IAdd", isBrowsing, seeTyped, "[OWNNAME1] = 'Smith, John'", "26-500"},
+    {"AddWithRows", 40, 20, typeWithRows, "IAdd", isBrowsing, seeTypedWithRows, "[OWNNAME1] = 'Smith, John'", "26-2",
+     1},
     {"Save", 15, 6, typeChanges, "ISave", isBrowsing, seeTyped, "[OWNNAME1] = 'Smith, John' AND [LOT] = '45'", "26-1"},
     {"Void", 8, 3, showFirst, "delr", isVoidedOnScreen, seeNotVoided, "[STATUS] = 'V'", "26-1"},
 };
@@ -163,6 +196,7 @@ class PermitOnAFailingDisk : public ::testing::TestWithParam<std::tuple<Task, Fa
     seenIn(office.folder.path());
     EXPECT_EQ(office.stored("[PERMIT] = '26-1'"), 1u);
     EXPECT_LE(office.stored(task.storedAs), 1u) << "stored twice";
+    EXPECT_EQ(office.rowsOf(task.storedAs), task.rows * office.stored(task.storedAs)) << "half stored";
     ASSERT_TRUE(office.parcels.resetsbl().ok());
     for (auto row = office.permitsNow(); !row->Eof(); row->MoveNext()) {
       const auto known = office.parcels.SBLExists(TrimSBL(currentSBL(*row, office.parcels.parts)));

@@ -78,6 +78,17 @@ Result<void> createOnServer(std::string_view path, const Table& table) {
   return server ? makeTable(**server, table) : server.error();
 }
 
+Result<const Table*> PostgresEngine::join(const std::string& path) {
+  const Table* named = findTableOfFile(fileNameOf(path));
+  const bool here = keepsOnServer(folderOf(path));
+  const auto place = here ? serverPlace(folderOf(path)) : Result<ServerPlace>(ServerPlace());
+  if (!place)
+    return place.error();
+  if (!named || !here || place->schema != server_->schema())
+    return liesApart(this->path(), path);
+  return tableMade(*server_, *named);
+}
+
 Result<Keyset> PostgresEngine::select(std::string_view query) {
   const auto read = dialect::parseSelect(query);
   if (!read)

@@ -39,6 +39,8 @@ class PostgresEngine : public Engine {
  protected:
   Standing standing() const override;
   Result<void> takeForWriting() override;
+  Result<const Table*> join(const std::string& path) override;
+  void part() override {}
   Result<void> execute(const std::string& sql) override { return server_->execute(sql); }
 
   Result<RowId> addRow(const Table& table, const Row& row) override;

@@ -74,7 +74,10 @@ Engine::Standing PostgresEngine::standing() const {
 }
 
 Result<void> PostgresEngine::takeForWriting() {
-  return server_->execute("begin; " + locking(*server_, mainTable()));
+  std::string sql = "begin";
+  for (const Table* table : tables())
+    sql += "; " + locking(*server_, *table);
+  return server_->execute(sql);
 }
 
 Result<void> PostgresEngine::inItsPlace() const {

@@ -9,7 +9,7 @@ namespace zelvo::sqlite {
 /// The journal stays beside the file between changes, marked as done with, instead of being made and removed each time:
 /// an add flushes the folder no more, and takes less than half the time. Only a connection that stores records asks for
 /// it; a file that is made or copied leaves no journal behind.
-Result<void> keepJournal(Database& database);
+Result<void> keepJournal(Database& database, std::string_view file = "main");
 
 /// Tells of a commit that failed whether the change stands all the same. A change is made as soon as its journal is
 /// marked as done with; when only the flush of that mark fails, the engine reports a failure of the disk, and whoever

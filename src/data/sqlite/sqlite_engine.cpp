@@ -51,7 +51,7 @@ Row rowOf(const Statement& statement, const Table& table) {
 
 }  // namespace
 
-Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience) {
+Result<OfficeFile> openOfficeFile(std::string_view path, std::chrono::milliseconds patience) {
   const std::string name = systemPath(path);
   const auto mode = modeOf(name);
   if (!mode)
@@ -68,7 +68,14 @@ Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::m
     return left.error();
   if (auto kept = keepJournal(**database); !kept)
     return kept.error();
-  return std::unique_ptr<Engine>(std::make_unique<SqliteEngine>(std::move(*database), std::move(*tables)));
+  return OfficeFile{std::move(*database), std::move(*tables)};
+}
+
+Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience) {
+  auto file = openOfficeFile(path, patience);
+  if (!file)
+    return file.error();
+  return std::unique_ptr<Engine>(std::make_unique<SqliteEngine>(std::move(file->database), std::move(file->tables)));
 }
 
 Result<Keyset> SqliteEngine::select(std::string_view query) {

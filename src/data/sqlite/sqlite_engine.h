@@ -12,6 +12,12 @@
 
 namespace zelvo::sqlite {
 
+/// A database file of ours that is ready for use, and the tables that it holds.
+struct OfficeFile {
+  std::unique_ptr<Database> database;
+  std::vector<const Table*> tables;
+};
+Result<OfficeFile> openOfficeFile(std::string_view path, std::chrono::milliseconds patience = usualPatience);
 /// Opens a database file that is there.
 Result<std::unique_ptr<Engine>> openEngine(std::string_view path, std::chrono::milliseconds patience = usualPatience);
 
@@ -34,6 +40,8 @@ class SqliteEngine : public Engine {
  protected:
   Standing standing() const override;
   Result<void> takeForWriting() override;
+  Result<const Table*> join(const std::string& path) override;
+  void part() override;
   Result<void> execute(const std::string& sql) override;
 
   Result<RowId> addRow(const Table& table, const Row& row) override;
@@ -54,5 +62,6 @@ class SqliteEngine : public Engine {
   std::unique_ptr<Database> database_;
   CommitWitness witness_;
 };
+  std::vector<std::string> joined_;  ///< the names that joined files have in statements
 
 }  // namespace zelvo::sqlite

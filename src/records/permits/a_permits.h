@@ -59,8 +59,9 @@ class APermits : public RecordScreen {
   std::string duplicateText() const override;
   bool validateOwn() override;
   void enableOwnButtons(bool browsing) override;
-  bool ownPagesBusy() const override { return insurance_.busy() || contacts_.busy(); }
-  Result<Release> storeBelongings(std::string_view key) override;
+  bool ownPagesBusy() const override { return insurance_.typing() || contacts_.typing(); }
+  Result<std::vector<std::string>> databasesAlong() override;
+  Result<void> storeAlong() override;
   std::string parcelOwner() const override { return boxText(*this, 18); }
   std::string parcelLocation() const override { return boxText(*this, 34); }
 

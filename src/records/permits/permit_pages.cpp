@@ -46,18 +46,21 @@ bool APermits::isSettled(const SubRecordPage& page, std::size_t tab) {
   return false;
 }
 
-Result<Release> APermits::storeBelongings(std::string_view key) {
-  auto insurance = insurance_.storeWaiting(key);
-  if (!insurance)
-    return insurance;
-  auto contacts = contacts_.storeWaiting(key);
-  if (!contacts)
-    return contacts;
-  return Release([insurance = *insurance, contacts = *contacts] {
-    const auto first = insurance();
-    const auto second = contacts();
-    return first ? second : first;
-  });
+Result<std::vector<std::string>> APermits::databasesAlong() {
+  std::vector<std::string> along;
+  for (const SubRecordPage* page : {&insurance_, &contacts_}) {
+    const auto database = page->waits() ? page->database() : Result<std::string>("");
+    if (!database)
+      return database.error();
+    if (page->waits())
+      along.push_back(*database);
+  }
+  return along;
+}
+
+Result<void> APermits::storeAlong() {
+  auto stored = insurance_.storeWaiting(connection(), key());
+  return stored ? contacts_.storeWaiting(connection(), key()) : stored;
 }
 
 }  // namespace zelvo

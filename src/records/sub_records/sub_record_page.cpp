@@ -55,14 +55,9 @@ void SubRecordPage::fillTypes() {
 void SubRecordPage::show(std::string_view key) {
   if (typing())
     return;
-  std::vector<Row> left;
-  for (const Row& row : rows_)
-    if (row.stored < 0 && key == key_ && !key.empty())
-      left.push_back(row);
   waiting_ = false;
   key_ = key;
   readRows();
-  rows_.insert(rows_.end(), left.begin(), left.end());
   listRows();
   enter(Mode::Browse);
 }
@@ -82,11 +77,6 @@ void SubRecordPage::close() {
   records_.reset();
   listRows();
   enter(Mode::Closed);
-}
-
-bool SubRecordPage::busy() const {
-  const auto unstored = [](const Row& row) { return row.stored < 0; };
-  return typing() || (!waiting_ && std::ranges::any_of(rows_, unstored));
 }
 
 std::vector<Control*> SubRecordPage::boxes() {
@@ -110,7 +100,7 @@ void SubRecordPage::enter(Mode mode) {
   iEdit.enabled = mode == Mode::Browse && list.selected.has_value();
   iAdd.enabled = mode == Mode::New;
   iSave.enabled = mode == Mode::Edit;
-  iCancel.enabled = busy();
+  iCancel.enabled = typing();
   list.enabled = mode == Mode::Browse;
   for (Control* box : boxes())
     box->locked = !typing();
@@ -223,10 +213,7 @@ void SubRecordPage::iSave_Click() {
   enter(Mode::Browse);
 }
 
-// A row that could not be stored with its record is given up, too.
 void SubRecordPage::iCancel_Click() {
-  if (!typing())
-    std::erase_if(rows_, [](const Row& row) { return row.stored < 0; });
   const auto before = list.selected;
   listRows();
   if (before && *before < rows_.size())

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -14,9 +13,6 @@
 
 namespace zelvo {
 
-/// Lets go what was written and held back, so that it counts.
-using Release = std::function<Result<void>()>;
-
 /// A page of a record screen with the rows that belong to the record, such as its insurance: a list of them, the boxes
 /// of the one that is chosen, and the means to add and change them. Rows that are entered while the record itself is
 /// not stored yet wait on the page and are stored with it. Its controls belong to the screen, which binds their events.
@@ -24,15 +20,12 @@ class SubRecordPage {
  public:
   SubRecordPage(Screen& screen, Desk& desk, const SubRecordKind& kind);
 
-  /// The rows of the stored record with that key; of none when it is empty. Rows that could not be stored with the
-  /// record stay until they are.
+  /// The rows of the stored record with that key; of none when it is empty.
   void show(std::string_view key);
   /// A record that is not stored yet: its rows wait.
   void begin();
   /// No record is at hand, as while one is looked for.
   void close();
-  /// A row is being typed, or one that should be stored is not.
-  bool busy() const;
   /// A row is typed and neither added nor given up.
   bool typing() const { return mode_ == Mode::New || mode_ == Mode::Edit; }
   const SubRecordKind& kind() const { return kind_; }
@@ -48,8 +41,12 @@ class SubRecordPage {
   void getData();
   void moveFieldsIntoDb(Recordset& rows) { moveFieldsIntoDb(rows, typed()); }
 
-  /// Writes the waiting rows under the key of their record and holds them back until that is stored, too.
-  Result<Release> storeWaiting(std::string_view key);
+  /// Rows wait for their record to be stored.
+  bool waits() const { return waiting_ && !rows_.empty(); }
+  /// The connection text of the database that they lie in.
+  Result<std::string> database() const;
+  /// Writes the waiting rows under the key of their record, as part of the transaction that stores it.
+  Result<void> storeWaiting(const std::shared_ptr<Connection>& connection, std::string_view key);
 
   Button iNew, iAdd, iEdit, iSave, iCancel;
   ListView list;

@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "data/no_dbfound.h"
 #include "data/query_text.h"
 #include "records/conflict_frm.h"
 #include "records/other_records.h"
@@ -145,30 +146,20 @@ bool SubRecordPage::resolveConflict(Row& row) {
   return settled;
 }
 
-Result<Release> SubRecordPage::storeWaiting(std::string_view key) {
-  if (rows_.empty() || !waiting_)
-    return Release([] { return Result<void>(); });
-  const auto connection = otherDatabase(desk_, findTable(kind_.table)->file);
-  if (!connection)
-    return connection.error();
-  auto begun = (*connection)->begin();
-  if (!begun)
-    return begun.error();
-  auto held = std::make_shared<Connection::Transaction>(std::move(*begun));
-  auto rows = Recordset::open(*connection, rowsOf(kind_, key));
+Result<std::string> SubRecordPage::database() const {
+  return databaseConnection(desk_, findTable(kind_.table)->file);
+}
+
+Result<void> SubRecordPage::storeWaiting(const std::shared_ptr<Connection>& connection, std::string_view key) {
+  if (!waits())
+    return {};
+  auto rows = Recordset::open(connection, rowsOf(kind_, key));
   if (!rows)
     return rows.error();
   for (const Row& row : rows_)
     if (auto written = writeRow(**rows, row, key); !written)
-      return written.error();
-  return Release([this, open = *connection, held, record = std::string(key)] {
-    auto committed = held->commit();
-    key_ = record;  // what could not be let go is the stored record's from now on, and can be stored again
-    waiting_ = false;
-    if (committed)
-      rows_.clear();
-    return committed;
-  });
+      return written;
+  return {};
 }
 
 }  // namespace zelvo
