@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <random>
+
 #include "base/files.h"
 #include "data/sqlite/schema.h"
 #include "data/sqlite/sqlite_engine.h"
@@ -40,6 +42,39 @@ class EngineTest : public SmallOffice {
     return status == 0;
   }
 };
+
+/// What an order of any column is held against: the engine's own sorting, one column more in the statement.
+TEST_F(EngineTest, RowsAreSortedAsTheEngineItselfWould) {
+  const auto connection = connect();
+  std::minstd_rand random(7);
+  const std::string parts[] = {"",         "a", "Hollis &", " Daughters", "hollis & d", "\xC3\x89mile",
+                               "\xC3\xA9", "z", "-",        "Z"};
+  std::size_t left = 3000;
+  const std::vector<std::string_view> columns = {"PERMIT", "OWNNAME1", "NOTES", "APPXCOST", "VD4"};
+  ASSERT_TRUE(bulkInsert(*connection, *findTable("BLDGPERM"), columns, [&](std::vector<Value>& values) {
+                const auto part = [&] { return parts[random() % std::size(parts)]; };
+                const bool none = random() % 9 == 0;
+                values[0] = "26-" + std::to_string(left);
+                values[1] = none ? Value() : Value(part() + part() + part());
+                values[2] = part() + std::string(random() % 3 * 40, 'x') + part();
+                values[3] = none ? Value() : Value((static_cast<double>(random() % 2000) - 1000) / 7);
+                values[4] = none ? Value() : Value(DateTime{{2026, 1 + static_cast<int>(random() % 12), 1}, 0});
+                return left-- > 0;
+              }).ok());
+  auto database = sqlite::Database::open(folder.file("db1.mdb"), sqlite::Database::Mode::ReadOnly);
+  for (const std::string column : {"OWNNAME1", "NOTES", "APPXCOST", "VD4"})
+    for (const std::string order : {"", " desc"}) {
+      const bool isText = column == "OWNNAME1" || column == "NOTES";
+      const auto expected =
+          (*database)->ask("select group_concat(rowid) from (select rowid from BLDGPERM order by " +
+                           (isText ? "zfold(" + column + ")" : "+" + column) + order + ", rowid" + order + ")");
+      std::vector<std::string> rows;
+      const auto sorted = connection->engine().select("Select * from BLDGPERM order by " + column + order);
+      for (const RowId row : sorted->rows)
+        rows.push_back(std::to_string(row));
+      EXPECT_EQ(join(rows, ","), *expected) << column << order;
+    }
+}
 
 TEST_F(EngineTest, TellsWhatAFileIsInsteadOfADatabase) {
   folder.write("empty.mdb", "");

@@ -35,6 +35,13 @@ bool servedByIndex(const Test& test, const Table& table) {
   return plain && compared->relation != Relation::NotEqual && leadsIndex(table, compared->column.text);
 }
 
+/// A like reads every row anyway, and reading them in the order of an index, each at another place of the file, takes
+/// longer than to sort those that are found: then the index is kept out of it.
+bool orderedByIndex(const Column& column, const Select& query, const Table& table) {
+  const bool noIndex = query.where && holdsLike(*query.where) && !servedByIndex(*query.where, table);
+  return !noIndex && leadsIndex(table, column.name);
+}
+
 class SqliteWriter : public StatementWriter {
  public:
   using StatementWriter::StatementWriter;
@@ -43,11 +50,8 @@ class SqliteWriter : public StatementWriter {
   std::string rowId() const override { return "rowid"; }
   std::string mark(const Value&, std::size_t) const override { return "?"; }
 
-  // A like reads every row anyway, and reading them in the order of an index, each at another place of the file, takes
-  // longer than to sort those that are found: then the index is kept out of it.
   std::string orderTerm(const Column& column, const Select& query, bool descending) const override {
-    const bool noIndex = query.where && holdsLike(*query.where) && !servedByIndex(*query.where, table());
-    return sorted(column, !noIndex && leadsIndex(table(), column.name)) + (descending ? " desc" : "");
+    return sorted(column, orderedByIndex(column, query, table())) + (descending ? " desc" : "");
   }
 
   void writeLike(const Column& column, const std::string& pattern) override {
@@ -79,6 +83,17 @@ class SqliteWriter : public StatementWriter {
 
 Result<BoundStatement> writeKeyset(const Select& query, const Table& table) {
   return SqliteWriter(query.text, table).keyset(query);
+}
+
+const OrderTerm* sortedBy(const Select& query, const Table& table) {
+  if (query.order.size() != 1 || !alike(query.table.text, table.name))
+    return nullptr;
+  const Column* column = table.find(query.order.front().column.text);
+  return column && !orderedByIndex(*column, query, table) ? &query.order.front() : nullptr;
+}
+
+Result<BoundStatement> writeUnsorted(const Select& query, const Table& table) {
+  return SqliteWriter(query.text, table).unsorted(query, *table.find(query.order.front().column.text));
 }
 
 Result<BoundStatement> writeExists(const Condition& condition, const Table& table) {

@@ -55,12 +55,22 @@ Result<BoundStatement> StatementWriter::keyset(const Select& query) {
   if (!alike(query.table.text, table_.name))
     refuse(query.table, "there is no table " + query.table.text + " in this database");
   selectRows();
-  if (query.where) {
-    add(" where ");
-    write(*query.where, 0);
-  }
+  where(query);
   orderBy(query);
   return finished();
+}
+
+Result<BoundStatement> StatementWriter::unsorted(const Select& query, const Column& beside) {
+  selectRows(", " + quotedName(beside.name));
+  where(query);
+  return finished();
+}
+
+void StatementWriter::where(const Select& query) {
+  if (!query.where)
+    return;
+  add(" where ");
+  write(*query.where, 0);
 }
 
 Result<BoundStatement> StatementWriter::keysetOf(const Test& test) {
@@ -84,8 +94,8 @@ Result<BoundStatement> StatementWriter::finished() {
   return std::move(statement_);
 }
 
-void StatementWriter::selectRows() {
-  add("select " + rowId() + " from " + quotedName(table_.name));
+void StatementWriter::selectRows(std::string_view more) {
+  add("select " + rowId() + std::string(more) + " from " + quotedName(table_.name));
 }
 
 void StatementWriter::orderBy(const Select& query) {

@@ -34,6 +34,8 @@ class StatementWriter {
   virtual ~StatementWriter() = default;
 
   Result<BoundStatement> keyset(const Select& query);
+  /// The rows of a query without its order, each with what stands in a column.
+  Result<BoundStatement> unsorted(const Select& query, const Column& beside);
   Result<BoundStatement> keysetOf(const Test& test);
   Result<BoundStatement> exists(const Test& test);
 
@@ -54,7 +56,8 @@ class StatementWriter {
 
  private:
   Result<BoundStatement> finished();
-  void selectRows();
+  void selectRows(std::string_view more = {});
+  void where(const Select& query);
   void orderBy(const Select& query);
   void write(const Test& test, int depth);
   void writeGroup(const Group& group, int depth);

@@ -40,7 +40,8 @@ Result<void> Database::prepareForUse(Mode mode) {
   waiting_.attend(handle_);
   if (auto looked = mode == Mode::Create ? Result<void>() : checkHead(*this); !looked)
     return looked;
-  for (const int code : {dialect::registerDialectFunctions(handle_), gathering_.attend(handle_)})
+  for (const int code :
+       {dialect::registerDialectFunctions(handle_), gathering_.attend(handle_), sorting_.attend(handle_)})
     if (code != SQLITE_OK)
       return trouble(FileDeed::Read, code);
   // Extra: the folder is flushed too when the journal is gone. A cut of the power could bring the journal back, and the

@@ -11,6 +11,7 @@
 #include "base/file_trouble.h"
 #include "data/engine.h"
 #include "data/sqlite/key_gathering.h"
+#include "data/sqlite/key_sorting.h"
 #include "data/sqlite/statement.h"
 #include "data/sqlite/waiting.h"
 
@@ -40,6 +41,7 @@ class Database {
   /// The first column of the first row.
   Result<std::string> ask(const std::string& sql);
   KeyGathering& gathering() { return gathering_; }
+  KeySorting& sorting() { return sorting_; }
 
   /// Whether SQLite itself has a transaction open; a full disk, for one, makes it give up the open one by itself.
   bool inTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
@@ -56,6 +58,7 @@ class Database {
   std::string path_;
   Waiting waiting_;
   KeyGathering gathering_;
+  KeySorting sorting_;
   sqlite3* handle_ = nullptr;
   std::unordered_map<std::string, sqlite3_stmt*> statements_;
 };

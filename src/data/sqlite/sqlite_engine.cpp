@@ -85,10 +85,11 @@ Result<Keyset> SqliteEngine::select(std::string_view query) {
   // A table that is not here is told of by the writer, who knows the place in the query.
   const Table* named = find(read->table.text);
   const Table* table = named ? named : &mainTable();
-  const auto statement = dialect::writeKeyset(*read, *table);
+  const auto* sorting = dialect::sortedBy(*read, *table);
+  const auto statement = sorting ? dialect::writeUnsorted(*read, *table) : dialect::writeKeyset(*read, *table);
   if (!statement)
     return statement.error();
-  auto rows = ids(*statement, read->where ? 0 : rowsAtMost(*table));
+  auto rows = sorting ? sorted(*statement, sorting->descending) : ids(*statement, read->where ? 0 : rowsAtMost(*table));
   if (!rows)
     return rows.error();
   return Keyset{table, std::move(*rows)};
@@ -131,6 +132,15 @@ Result<std::vector<RowId>> SqliteEngine::ids(const dialect::BoundStatement& stat
   if (!gathered)
     return gathered.error();
   return found;
+}
+
+Result<std::vector<RowId>> SqliteEngine::sorted(const dialect::BoundStatement& statement, bool descending) {
+  KeySorting& sorting = database_->sorting();
+  sorting.begin();
+  const auto read = answer("with read(line, beside) as (" + statement.sql + ") select zsort(line, beside) from read",
+                           statement.parameters);
+  auto rows = sorting.sorted(descending);
+  return read ? Result<std::vector<RowId>>(std::move(rows)) : read.error();
 }
 
 /// Steps a statement that gives one row; gives whether what it holds is true.

@@ -53,6 +53,7 @@ class SqliteEngine : public Engine {
  private:
   std::size_t rowsAtMost(const Table& table);
   Result<std::vector<RowId>> ids(const dialect::BoundStatement& statement, std::size_t atMost = 0);
+  Result<std::vector<RowId>> sorted(const dialect::BoundStatement& statement, bool descending);
   Result<bool> answer(const std::string& sql, const std::vector<Value>& parameters);
   Result<void> readRows(const Table& table, std::span<const RowId> ids, std::span<Row> rows);
   Result<void> pour(const Table& table, std::span<const std::size_t> positions, const NextRow& nextRow);
@@ -61,7 +62,7 @@ class SqliteEngine : public Engine {
 
   std::unique_ptr<Database> database_;
   CommitWitness witness_;
-};
   std::vector<std::string> joined_;  ///< the names that joined files have in statements
+};
 
 }  // namespace zelvo::sqlite
