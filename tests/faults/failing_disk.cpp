@@ -10,8 +10,9 @@ namespace zelvo::testing {
 FailingDisk* FailingDisk::failing_ = nullptr;
 
 std::string nameOf(Fault fault) {
-  constexpr const char* names[] = {"FailsOnce",      "FailsFromThenOn", "FullOnce",         "FullFromThenOn",
-                                   "WritesInPieces", "Killed",          "KilledInMidWrite", "PowerCut"};
+  constexpr const char* names[] = {"FailsOnce",      "FailsFromThenOn",  "FullOnce",
+                                   "FullFromThenOn", "ReadOnly",         "WritesInPieces",
+                                   "Killed",         "KilledInMidWrite", "PowerCut"};
   return names[static_cast<std::size_t>(fault)];
 }
 
@@ -74,6 +75,8 @@ bool FailingDisk::isStrikable(const std::string& path, Deed deed) const {
     case Fault::WritesInPieces:
     case Fault::KilledInMidWrite:
       return deed == Deed::Write;
+    case Fault::ReadOnly:
+      return deed != Deed::Flush;
     default:
       return true;
   }
@@ -86,6 +89,8 @@ FailingDisk::Fate FailingDisk::strike(Deed deed, std::size_t size) {
       return {first ? EIO : 0, size};
     case Fault::FailsFromThenOn:
       return {EIO, 0};
+    case Fault::ReadOnly:
+      return {EROFS, 0};
     case Fault::FullOnce:
       return {first ? ENOSPC : 0, size};
     case Fault::FullFromThenOn:

@@ -16,6 +16,7 @@ enum class Fault {
   FailsFromThenOn,   ///< no call succeeds any more
   FullOnce,          ///< there is no room for one call
   FullFromThenOn,    ///< half of a write still fits, then nothing; what takes no room goes on
+  ReadOnly,          ///< nothing in the folder can be changed any more
   WritesInPieces,    ///< a write takes half of what it is given, as the system may
   Killed,            ///< the program ends before the call
   KilledInMidWrite,  ///< the program ends when half of a write is done

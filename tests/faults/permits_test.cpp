@@ -235,5 +235,29 @@ INSTANTIATE_TEST_SUITE_P(Permits, PermitOnAFailingDisk,
                            return std::string(std::get<0>(tried.param).name) + nameOf(std::get<1>(tried.param));
                          });
 
+/// The folder of the office turns read-only under a clerk's hands, and is given back later.
+TEST(PermitInAReadOnlyFolder, StaysTypedAndIsStoredWhenTheFolderCanBeWrittenAgain) {
+  for (const Task& task : tasks) {
+    if (task.begin == showFirst)
+      continue;
+    SCOPED_TRACE(task.name);
+    Office office;
+    task.begin(office);
+    {
+      const FailingDisk disk(office.folder.path(), Fault::ReadOnly, 1);
+      office.at.click(office.screen(), task.button);
+      EXPECT_NE(office.messages.find("read-only"), std::string::npos) << office.messages;
+      EXPECT_NE(office.messages.find("What you typed is still on the screen."), std::string::npos);
+      task.stillTyped(office);
+      EXPECT_TRUE(office.at.control(office.screen(), task.button).enabled);
+    }
+    EXPECT_EQ(office.stored(task.storedAs), 0u);
+    office.messages.clear();
+    office.at.click(office.screen(), task.button);
+    EXPECT_EQ(office.messages, "");
+    EXPECT_EQ(office.stored("[PERMIT] = '" + std::string(task.number) + "' AND " + task.storedAs), 1u);
+  }
+}
+
 }  // namespace
 }  // namespace zelvo::testing

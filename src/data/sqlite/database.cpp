@@ -1,5 +1,7 @@
 #include "data/sqlite/database.h"
 
+#include <cerrno>
+
 #include "data/dialect/sqlite_functions.h"
 #include "data/sqlite/file_kind.h"
 #include "data/sqlite/trouble.h"
@@ -102,7 +104,10 @@ Result<std::string> Database::ask(const std::string& sql) {
   return code == SQLITE_ROW ? statement->text(0) : std::string();
 }
 
+// A file whose disk was made read-only while it was open fails like one whose disk is broken; only the system knows.
 Error Database::trouble(FileDeed deed, int code) const {
+  if (handle_ && (code & 0xff) == SQLITE_IOERR && sqlite3_system_errno(handle_) == EROFS)
+    code = SQLITE_READONLY;
   return storeError(deed, path_, code, handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(code));
 }
 
