@@ -74,6 +74,7 @@ TEST_F(PermitReports, ThePermitsOfAMonthInTheOrderOfTheirDays) {
   file("26-1", {2026, 3, 2}, "O'Brien, Zoë", 48500.5);
   file("25-9", {2025, 3, 9}, "Last year", 1);
   file("26-3", {2026, 4, 1}, "Next month", 1);
+  addRow("BLDGPERM", {{"PERMIT", "26-4"}, {"FILEMONTH", "3"}, {"FILEDATE", "30"}, {"FILEYEAR", "26"}});
   list("March");
   ASSERT_EQ(at.printed.size(), 1u);
   EXPECT_EQ(at.printed[0].title, "MONTHLY PERMITS FOR MARCH 2026");
@@ -85,7 +86,8 @@ TEST_F(PermitReports, ThePermitsOfAMonthInTheOrderOfTheirDays) {
   EXPECT_NE(lines[4].find("O'Brien, Zoë"), std::string::npos) << text;
   EXPECT_TRUE(lines[4].ends_with("48500.50       0.00")) << text;
   EXPECT_TRUE(lines[5].starts_with("26-2       03/20/26")) << text;
-  EXPECT_EQ(lines.back(), "TOTAL = 2");
+  EXPECT_TRUE(lines[6].starts_with("26-4 ")) << "written as in former days\n" << text;
+  EXPECT_EQ(lines.back(), "TOTAL = 3");
 
   at.expect(" Record(s) not Found", "No records meet the criteria.");
   list("May");

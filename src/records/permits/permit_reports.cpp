@@ -76,10 +76,10 @@ std::string period(const ReportFrm& form) {
   return form.month() == 0 ? year : upper(monthNames[static_cast<std::size_t>(form.month()) - 1]) + " " + year;
 }
 
+// By their values: permits of former days have "3" for the month, those of today "03".
 std::string inPeriod(const ReportFrm& form) {
-  const Date month{form.year(), std::max(form.month(), 1), 1};
-  const std::string ofYear = columnIs("FILEYEAR", datePicture(month, "yy"));
-  return form.month() == 0 ? ofYear : columnIs("FILEMONTH", datePicture(month, "mm")) + " and " + ofYear;
+  const std::string ofYear = "[FILEYEAR] = " + std::to_string(form.year() % 100);
+  return form.month() == 0 ? ofYear : "[FILEMONTH] = " + std::to_string(form.month()) + " and " + ofYear;
 }
 
 std::string ofTypeAndUse(const ReportFrm& form) {
