@@ -66,6 +66,7 @@ class Control {
   bool enabled = true;
   bool visible = true;
   bool locked = false;    ///< shown as ever, but not changed by the user
+  bool suggests = false;  ///< offers what was typed into it before (Screen::offersFor)
   bool required = false;  ///< must be filled before the record is stored; faces mark it
   std::string tip;
 
@@ -103,7 +104,6 @@ class TextBox : public Control {
   std::string text;
   bool manyLines = false;
   bool password = false;
-  bool suggests = false;   ///< offers what was typed into it before (Screen::offersFor)
   bool holdsDate = false;  ///< a date that may be typed short; it stands in full once the box is left
   int maxLength = 0;  ///< most characters that a user types; 0 without a limit. What is longer is cut when it is stored
 

@@ -154,13 +154,14 @@ void Screen::userRests(Control& control) {
 }
 
 // A store that cannot be read now offers nothing: the clerk goes on typing, and hears of it when it matters.
-std::vector<std::string> Screen::offersFor(const TextBox& box) try {
-  return box.suggests && !box.locked && !box.text.empty() ? typedBefore(box) : std::vector<std::string>();
+std::vector<std::string> Screen::offersFor(const Control& control) try {
+  const bool offers = control.suggests && !control.locked && !control.shown().empty();
+  return offers ? typedBefore(control) : std::vector<std::string>();
 } catch (const std::exception&) {
   return {};
 }
 
-std::vector<std::string> Screen::typedBefore(const TextBox&) {
+std::vector<std::string> Screen::typedBefore(const Control&) {
   return {};
 }
 

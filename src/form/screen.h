@@ -44,7 +44,7 @@ class Screen {
   void userRests(Control& control);
   /// What was typed into a box before and begins like what stands in it, the most usual first; nothing for a box that
   /// suggests nothing. Never takes longer than typing bears.
-  std::vector<std::string> offersFor(const TextBox& box);
+  std::vector<std::string> offersFor(const Control& control);
   void userCloses();  ///< by the window's own button
   /// An entry of the menu over the text boxes ("mcopy"), for this box; without one, for the box that was last changed
   /// or left.
@@ -81,7 +81,7 @@ class Screen {
   /// The user closes the window; a screen that has something to ask first overrides this.
   virtual void Form_Close();
   /// For boxes that suggest something.
-  virtual std::vector<std::string> typedBefore(const TextBox& box);
+  virtual std::vector<std::string> typedBefore(const Control& control);
   virtual void Form_Drop(const std::vector<std::string>& /*files*/) {}
   void setFocus(Control& control, bool all = false);
   /// Shows a line at the foot of the window at once, even while the handler still runs.

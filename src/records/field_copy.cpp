@@ -23,6 +23,15 @@ std::string shownSection(const Recordset& records) {
   return isSet(suffix) ? section + "." + suffix : section;
 }
 
+void setSection(Recordset& records, const Column& column, std::string_view text) {
+  const auto point = text.find('.');
+  records.set(column.name, text.substr(0, point));
+  if (point != std::string_view::npos)
+    records.set("SUD", text.substr(point + 1));
+}
+
+}  // namespace
+
 std::string shownText(const Recordset& records, const Column& column) {
   if (column.box == kSectionBox)
     return shownSection(records);
@@ -32,26 +41,19 @@ std::string shownText(const Recordset& records, const Column& column) {
   return value.text();
 }
 
-void setSection(Recordset& records, const Column& column, std::string_view text) {
-  const auto point = text.find('.');
-  records.set(column.name, text.substr(0, point));
-  if (point != std::string_view::npos)
-    records.set("SUD", text.substr(point + 1));
-}
-
 // The text is cut before it is read as a number: the width of the column is the width of what the office writes.
-void setColumn(Recordset& records, const Column& column, std::string_view text) {
+void storeText(Recordset& records, const Column& column, std::string_view text) {
   if (column.box == kSectionBox)
     return setSection(records, column, text);
-  if (column.length >= 1)
+  if (column.length >= 1 && column.type != ColumnType::Date)
     text = left(text, static_cast<std::size_t>(column.length));
-  if (column.type == ColumnType::Number)
+  if (column.type == ColumnType::Date && trim(text).empty())
+    records.set(column.name, Value());
+  else if (column.type == ColumnType::Number)
     records.set(column.name, trim(text).empty() ? 0 : Val(text));
   else
     records.set(column.name, text);
 }
-
-}  // namespace
 
 std::string boxText(const Screen& screen, int box) {
   const TextBox* found = boxOf(screen, box);
@@ -87,7 +89,7 @@ void screenToRecord(const Screen& screen, Recordset& records, const ShownBoxes& 
       continue;
     const auto was = before.find(column.box);
     if (was == before.end() || was->second != box->text)
-      setColumn(records, column, box->text);
+      storeText(records, column, box->text);
   }
 }
 

@@ -16,6 +16,11 @@ using ShownBoxes = std::map<int, std::string>;
 /// The section box shows section and suffix with a "." between them.
 ShownBoxes recordToScreen(const Recordset& records, Screen& screen);
 
+/// A column of the current record as its box shows it, and what a box holds into the row that is being added or
+/// changed: cut to the column's width, a blank amount as 0, a blank date as none.
+std::string shownText(const Recordset& records, const Column& column);
+void storeText(Recordset& records, const Column& column, std::string_view text);
+
 /// Writes the parcel of the current record, of whatever kind, into the boxes of a screen.
 void showParcel(const Recordset& records, Screen& screen);
 

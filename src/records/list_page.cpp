@@ -9,7 +9,7 @@
 
 namespace zelvo {
 
-ListPage::ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQuery& query)
+ListPage::ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQuery& query, const OwnBoxes& ownBoxes)
     : ListView1(screen, "ListView1"),
       txtFilter(screen, "txtFilter"),
       cmdColumns(screen, "cmdColumns", "Columns.."),
@@ -18,7 +18,8 @@ ListPage::ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQue
       screen_(screen),
       desk_(desk),
       kind_(kind),
-      query_(query) {
+      query_(query),
+      ownBoxes_(ownBoxes) {
   ListView1.sortable = true;
   txtFilter.tip =
       "Only records that hold this in one of the shown columns; the list follows as you type, or at Enter where there "
@@ -92,7 +93,8 @@ void ListPage::forgetArrangement() {
 
 // What stands beside the column's box on the record page is how the office calls it.
 std::string ListPage::captionOf(const Column& column) const {
-  const Control* box = column.box >= 1 ? screen_.find("Text1", column.box) : nullptr;
+  const OwnBoxes::Box* own = ownBoxes_.of(column);
+  const Control* box = own ? own->control : column.box >= 1 ? screen_.find("Text1", column.box) : nullptr;
   const std::string called = box ? desk_.face.nameOf(*box) : "";
   return " " + (called.empty() || (box && called == box->id()) ? std::string(column.name) : called) + " ";
 }

@@ -8,6 +8,7 @@
 #include "form/desk.h"
 #include "form/screen.h"
 #include "records/list_columns.h"
+#include "records/own_boxes.h"
 #include "records/record_query.h"
 
 namespace zelvo {
@@ -16,7 +17,7 @@ namespace zelvo {
 /// Its controls belong to the screen, which binds their events and reads its records anew when the query changed.
 class ListPage {
  public:
-  ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQuery& query);
+  ListPage(Screen& screen, Desk& desk, const RecordKind& kind, RecordQuery& query, const OwnBoxes& ownBoxes);
 
   /// The records that the list shows from now on.
   void show(std::shared_ptr<Recordset> records);
@@ -51,6 +52,7 @@ class ListPage {
   Desk& desk_;
   const RecordKind& kind_;
   RecordQuery& query_;
+  const OwnBoxes& ownBoxes_;
   std::shared_ptr<Recordset> records_;
   std::vector<ShownColumn> columns_;
   std::size_t unfiltered_ = 0;  ///< records, without the list's own filter

@@ -45,4 +45,18 @@ Combo* Picks::standingFor(const TextBox& box) const {
   return nullptr;
 }
 
+Combo* Picks::sayingAsStored(const TextBox& box) const {
+  for (const Pick& pick : picks_)
+    if (pick.box == &box && !pick.says)
+      return pick.combo;
+  return nullptr;
+}
+
+TextBox* Picks::boxOf(const Control& list) const {
+  for (const Pick& pick : picks_)
+    if (pick.combo == &list)
+      return pick.box;
+  return nullptr;
+}
+
 }  // namespace zelvo

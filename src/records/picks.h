@@ -32,6 +32,10 @@ class Picks {
   void clear() const;
   /// The list that stands for a box; null when it stands for itself.
   Combo* standingFor(const TextBox& box) const;
+  /// The same of a list that shows what is stored.
+  Combo* sayingAsStored(const TextBox& box) const;
+  /// The box that a list stands for; null when it is none of these lists.
+  TextBox* boxOf(const Control& list) const;
 
  private:
   struct Pick {

@@ -53,6 +53,7 @@ void RecordScreen::clearPage() {
   picks.clear();
   for (TextBox& box : Text1)
     box.text.clear();
+  ownBoxes.clear();
   shown_.clear();
 }
 
@@ -63,6 +64,7 @@ void RecordScreen::INew_Click() {
 
 void RecordScreen::ICopy_Click() {
   shown_.clear();
+  ownBoxes.beginCopy();
   clearForCopy();
   beginNew(true);
 }

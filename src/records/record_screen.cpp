@@ -16,7 +16,7 @@ RecordScreen::RecordScreen(Desk& itsDesk, mdb& parcels, const RecordKind& kind)
       numbering_(itsDesk.session, kind.numbering),
       offer_(*this, kind.ofParcel),
       query_(itsDesk.session, kind),
-      list_(*this, itsDesk, kind, query_),
+      list_(*this, itsDesk, kind, query_, ownBoxes),
       attachments_(*this, itsDesk, kind.code, kind.documentFilter) {
   lblVoided.warning = Label28.warning = true;
   for (Button* button : {&INew, &ICopy, &IAdd, &IEdit, &ISave, &ICancel, &IMoveFirst, &IMovePrev, &IMoveNext,
@@ -183,6 +183,8 @@ void RecordScreen::prepareBoxes() {
   for (const Column& column : table.columns)
     if (column.type == ColumnType::Number && column.box >= 1 && Text1.has(column.box))
       takeAmounts(Text1(column.box));
+  for (TextBox* box : ownBoxes.amounts())
+    takeAmounts(*box);
 }
 
 // Who looks for something need fill nothing. A box may be asked for twice, under two names: one that needs it is
@@ -265,6 +267,7 @@ std::string RecordScreen::key() const {
 void RecordScreen::getdata() {
   clearControls();
   shown_ = recordToScreen(records(), *this);
+  ownBoxes.show(records());
   picks.showBoxes();
   showCodedColumns();
 }

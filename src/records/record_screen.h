@@ -14,6 +14,7 @@
 #include "records/field_copy.h"
 #include "records/list_page.h"
 #include "records/numbering.h"
+#include "records/own_boxes.h"
 #include "records/parcel_offer.h"
 #include "records/picks.h"
 #include "records/record_kind.h"
@@ -89,9 +90,9 @@ class RecordScreen : public Screen {
   virtual void enableOwnButtons(bool /*browsing*/) {}
   /// What a new record begins with, behind its number; a copy has the texts of the old one already.
   virtual void prefillNew(bool /*copy*/) {}
-  /// Stores what goes with the record, which is current, its parcel registered: all of it is stored or nothing.
   /// The other databases that storeAlong writes to, by their connection texts; mostly none.
   virtual Result<std::vector<std::string>> databasesAlong() { return std::vector<std::string>(); }
+  /// Stores what goes with the record, which is current, its parcel registered: all of it is stored or nothing.
   virtual Result<void> storeAlong() { return {}; }
   /// The new record is stored and current: which records are shown from now on.
   virtual void showAfterAdd() {}
@@ -108,14 +109,14 @@ class RecordScreen : public Screen {
 
   void Form_Activate(bool first) override;
   void Form_Close() override;
-  std::vector<std::string> typedBefore(const TextBox& box) override;
+  std::vector<std::string> typedBefore(const Control& control) override;
   /// Files dropped onto a record are attached to it.
   void Form_Drop(const std::vector<std::string>& files) override;
   bool takesFiles() const override { return mode_ == Mode::Browse && datPrimaryRS_ && !dbisempty(); }
 
   Recordset& records() const { return *datPrimaryRS_; }
-  Mode mode() const { return mode_; }
   const std::shared_ptr<Connection>& connection() const { return connection_; }
+  Mode mode() const { return mode_; }
   std::string key() const;
   /// Keeps what is printed from now on of the record at hand with that record, wherever the screen stands by then.
   KeepCopy keeper() const;
@@ -148,6 +149,7 @@ class RecordScreen : public Screen {
   void markRequired();
   /// The drop-down lists that stand for boxes, and the boxes with names of their own.
   Picks picks;
+  OwnBoxes ownBoxes;
 
   Tabs SSTab1;
   Button INew{*this, "INew", "&New"};
@@ -190,6 +192,7 @@ class RecordScreen : public Screen {
   bool mayChangeVoid(bool voided);
   void prepareBoxes();
   void prepareSuggestions();
+  std::vector<std::string> typedBefore(const Column& column, std::string_view text, std::size_t from);
   void prepareParcelOffer();
   void offerParcel();
   void followHop();

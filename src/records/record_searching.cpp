@@ -36,7 +36,7 @@ void RecordScreen::find() {
   const auto own = ownSearchClauses();
   if (!own)
     return;
-  const std::string clauses = exampleClauses(*this, records().table(), kind_.soughtWhole) + *own;
+  const std::string clauses = exampleClauses(*this, records().table(), kind_.soughtWhole) + ownBoxes.clauses() + *own;
   if (clauses.empty())
     return desk.messages.tell(" " + caption, "Please fill in at least one box with what you look for.");
   const std::string before = query_.current().query;

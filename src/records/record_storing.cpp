@@ -114,6 +114,7 @@ void RecordScreen::movefieldsintodb() {
   picks.fillBoxes();
   records().set(records().table().key, typedKey());
   screenToRecord(*this, records(), shown_);
+  ownBoxes.store(records());
   storeCodedColumns();
   stampRecord();
 }

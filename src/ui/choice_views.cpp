@@ -9,6 +9,7 @@
 
 #include "base/text.h"
 #include "ui/control_view.h"
+#include "ui/offer_list.h"
 #include "ui/style.h"
 
 namespace zelvo {
@@ -94,8 +95,10 @@ class ComboView : public ControlView {
       : ControlView(combo, actions), combo_(combo), widget_(new ChoiceBox(combo.freeText, parent)) {
     QObject::connect(widget_, &QComboBox::activated, widget_, [this](int index) { chose(widget_->itemText(index)); });
     if (combo.freeText)
-      QObject::connect(widget_->lineEdit(), &QLineEdit::textEdited, widget_,
-                       [this](const QString& text) { chose(text); });
+      QObject::connect(widget_->lineEdit(), &QLineEdit::textEdited, widget_, [this](const QString& text) {
+        chose(text);
+        offer();
+      });
     watchFocus(widget_);
   }
   QWidget* widget() const override { return widget_; }
@@ -130,6 +133,15 @@ class ComboView : public ControlView {
     user.sets(control_, shown_);
   }
 
+  // The handler may have closed the screen, or written something else into the box.
+  void offer() {
+    if (dead || !combo_.suggests)
+      return;
+    if (!offers_)
+      offers_ = new OfferList(*widget_->lineEdit(), [this](const QString& text) { chose(text); });
+    offers_->show(user.offers(combo_));
+  }
+
   void showItems() {
     items_ = combo_.items;
     QStringList entries;
@@ -146,6 +158,7 @@ class ComboView : public ControlView {
   Ground ground_ = Ground::Paper;
   std::vector<std::string> items_;
   std::string shown_;
+  OfferList* offers_ = nullptr;
 };
 
 // The wheel does not turn the pages. An access key leads into its page, even when that is the present one.

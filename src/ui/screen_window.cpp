@@ -181,8 +181,8 @@ void ScreenWindow::sets(Control& control, const std::string& value) {
   });
 }
 
-std::vector<std::string> ScreenWindow::offers(const TextBox& box) {
-  return screen_ ? screen_->offersFor(box) : std::vector<std::string>();
+std::vector<std::string> ScreenWindow::offers(const Control& control) {
+  return screen_ ? screen_->offersFor(control) : std::vector<std::string>();
 }
 
 void ScreenWindow::changes(Control& control, const std::function<void()>& change) {

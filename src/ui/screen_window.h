@@ -57,7 +57,7 @@ class ScreenWindow : public QMainWindow, private UserActions {
 
  private:
   void sets(Control& control, const std::string& value) override;
-  std::vector<std::string> offers(const TextBox& box) override;
+  std::vector<std::string> offers(const Control& control) override;
   void changes(Control& control, const std::function<void()>& change) override;
   void clicks(Control& control) override;
   void leaves(Control& control) override;

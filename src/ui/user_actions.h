@@ -15,7 +15,7 @@ class UserActions {
   virtual ~UserActions() = default;
   virtual void sets(Control& control, const std::string& value) = 0;
   /// What may be offered for what stands in a box now.
-  virtual std::vector<std::string> offers(const TextBox& box) = 0;
+  virtual std::vector<std::string> offers(const Control& control) = 0;
   /// A change that is more than a value.
   virtual void changes(Control& control, const std::function<void()>& change) = 0;
   virtual void clicks(Control& control) = 0;

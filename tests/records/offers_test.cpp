@@ -111,6 +111,28 @@ TEST_F(TypedBeforeOffered, TheMostUsualFirstThenTheLatest) {
     EXPECT_EQ(offers(permits, row.box, row.typed), row.offered) << row.box << " " << row.typed;
 }
 
+TEST_F(TypedBeforeOffered, ListsAndTheBoxesOfOtherNamesOfferToo) {
+  ASSERT_TRUE(writeLines(path("pt.txt"), {"Dwelling", "Deck", "Demolition"}).ok());
+  auto row = permitsNow();
+  row->set("PRMFOR", "Den"), row->set("DATA1", "Two dormers"), row->set("MATL", "Cedar"),
+      row->set("LINK02", "|call back");
+  row->set("HEATPLT1", "Oil burner");
+  ASSERT_TRUE(row->Update().ok());
+  APermits& permits = open();
+  const auto offered = [&](const char* control, std::string_view typed) {
+    at.set(permits, control, typed);
+    return join(permits.offersFor(at.control(permits, control)), "|");
+  };
+  EXPECT_EQ(join(permits.offersFor(at.control(permits, "Combo2")), "|"), "") << "nobody types yet";
+  at.click(permits, "INew");
+  EXPECT_EQ(offered("Combo2", "de"), "Deck|Demolition|Den") << "the office's own list comes first";
+  EXPECT_EQ(offered("Combo2", "Deck"), "");
+  EXPECT_EQ(offered("Combo3", "tw"), "Two dormers");
+  EXPECT_EQ(offered("Text4", "c"), "Cedar");
+  EXPECT_EQ(offered("Text5", "ca"), "call back") << "without the mark of its column";
+  EXPECT_EQ(offered("TextHeat", "oil"), "Oil burner");
+}
+
 TEST_F(TypedBeforeOffered, WhatWasJustAddedIsOfferedInTheNextRecordAndASearchForgetsNothing) {
   APermits& permits = open();
   at.click(permits, "INew");

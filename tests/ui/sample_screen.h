@@ -53,8 +53,9 @@ class SampleScreen : public Screen {
     onOpenRow(ListView1, [this] { heard("open " + std::to_string(*ListView1.selected)); });
   }
 
-  std::vector<std::string> typedBefore(const TextBox& box) override {
-    return box.text.starts_with("S") ? std::vector<std::string>{"Smith, John", "Smythe"} : std::vector<std::string>{};
+  std::vector<std::string> typedBefore(const Control& box) override {
+    return box.shown().starts_with("S") ? std::vector<std::string>{"Smith, John", "Smythe"}
+                                        : std::vector<std::string>{};
   }
   void heard(const std::string& what) { events.push_back(what); }
   std::vector<std::string> events;

@@ -16,12 +16,17 @@ std::string shownDate(const Value& value) {
   return moment ? datePicture(moment->date, "mm/dd/yyyy") : "";
 }
 
+std::string noDate(std::string_view typed) {
+  return "\"" + std::string(typed) + "\" is no date.\nPlease write dates as mm/dd/yyyy.";
+}
+
 }  // namespace
 
 APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters, LabelPrinter& labels)
     : RecordScreen(itsDesk, parcels, kPermits), letters_(letters), labels_(labels) {
   for (const SubRecordPage* page : {&insurance_, &contacts_})
     SSTab1.pages.emplace_back(page->kind().page);
+  SSTab1.pages.emplace_back("&Job and more");
   Text1(42).manyLines = true;
   DTPicker2.visible = false;
   picks.add(Combo1, Text1(32));
@@ -31,6 +36,7 @@ APermits::APermits(Desk& itsDesk, mdb& parcels, LetterPrinter& letters, LabelPri
   Text4.maxLength = 14;
   Text5.maxLength = 15;
   labexpexpired.warning = true;
+  nameOwnBoxes();
   loadPickLists();
   takeAmounts(Text2);
   onLeave(Text1(kExpirationBox), [this] { leaveExpiration(); });
@@ -58,6 +64,20 @@ void APermits::bindButtons() {
   onClick(iFee, [this] { iFee_Click(); });
   onClick(iMap, [this] { iMap_Click(); });
   onClick(Label28, [this] { Label28_Click(); });
+}
+
+void APermits::nameOwnBoxes() {
+  for (const auto& [box, column] : {std::pair<TextBox&, std::string_view>(TextJob, "JOB"),
+                                    {TextBin, "BIN"},
+                                    {TextToilets, "TOILETS"},
+                                    {TextHeat, "HEATPLT1"},
+                                    {TextWork, "WKTOBEG"},
+                                    {TextDate2, "VD2"},
+                                    {TextFee2, "FEE2"},
+                                    {TextRemarks, "REMARKS1"}})
+    ownBoxes.add(box, kPermits.table, column);
+  ownBoxes.know(Text4, kPermits.table, "MATL");
+  ownBoxes.know(Text5, kPermits.table, "LINK02", 1);
 }
 
 void APermits::loadPickLists() {
@@ -144,17 +164,16 @@ DateTime APermits::dateOrToday(int box) const {
   return {parseDate(boxText(*this, box)).value_or(desk.clock.now().date), 0};
 }
 
-bool APermits::refuseDate(Control& box, std::string_view text) {
+bool APermits::refuseDate(Control& box, std::string_view text, std::size_t tab) {
   desk.messages.tell(" Date Error", text, Icon::Critical);
-  SSTab1.current = kRecordPage;
+  SSTab1.current = tab;
   setFocus(box, true);
   return false;
 }
 
 bool APermits::isReadableDate(int box) {
   const std::string typed = boxText(*this, box);
-  return typed.empty() || parseDate(typed) ||
-         refuseDate(Text1(box), "\"" + typed + "\" is no date.\nPlease write dates as mm/dd/yyyy.");
+  return typed.empty() || parseDate(typed) || refuseDate(Text1(box), noDate(typed));
 }
 
 bool APermits::expiresInTime() {
@@ -163,12 +182,17 @@ bool APermits::expiresInTime() {
          refuseDate(Text1(kExpirationBox), kExpiresTooEarly);
 }
 
+bool APermits::ownDateIsReadable() {
+  TextBox* box = ownBoxes.unreadable();
+  return !box || refuseDate(*box, noDate(box->text), kMorePage);
+}
+
 bool APermits::validateOwn() {
   if (!isSettled(insurance_, kInsurancePage) || !isSettled(contacts_, kContactsPage))
     return false;
   if (!DTPicker1.date && mode() == Mode::New)
     return refuseDate(DTPicker1, "The permit date is missing.");
-  return isReadableDate(kExpirationBox) && isReadableDate(kSecondDateBox) && expiresInTime();
+  return isReadableDate(kExpirationBox) && isReadableDate(kSecondDateBox) && ownDateIsReadable() && expiresInTime();
 }
 
 // The clerk who leaves a box hears of that box alone.

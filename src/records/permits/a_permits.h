@@ -44,7 +44,8 @@ class APermits : public RecordScreen {
   void iExpires_Click();
 
  private:
-  static constexpr std::size_t kInsurancePage = kAttachmentPage + 1, kContactsPage = kAttachmentPage + 2;
+  static constexpr std::size_t kInsurancePage = kAttachmentPage + 1, kContactsPage = kAttachmentPage + 2,
+                               kMorePage = kAttachmentPage + 3;
   static constexpr int kSecondDateBox = 8, kCertificateFeeBox = 10, kFeeBox = 11, kExpirationBox = 13;
 
   void clearControls() override;
@@ -65,12 +66,14 @@ class APermits : public RecordScreen {
   std::string parcelOwner() const override { return boxText(*this, 18); }
   std::string parcelLocation() const override { return boxText(*this, 34); }
 
+  void nameOwnBoxes();
   void loadPickLists();
   void bindButtons();
   void bindPage(SubRecordPage& page);
   bool isSettled(const SubRecordPage& page, std::size_t tab);
   Result<void> printChosen(const std::string& type);
-  bool refuseDate(Control& box, std::string_view text);
+  bool refuseDate(Control& box, std::string_view text, std::size_t tab = kRecordPage);
+  bool ownDateIsReadable();
   bool isReadableDate(int box);
   bool expiresInTime();
   void leaveExpiration();
@@ -114,6 +117,15 @@ class APermits : public RecordScreen {
   TextBox Text5{*this, "Text5"};
   ControlGroup<TextBox> notes_{Text1, {42}};
   ControlGroup<TextBox> picks_{Text1, {32, 33, 39}};  // stand for the combos
+  // What the office kept in former days, and seldom asks for now.
+  TextBox TextJob{*this, "TextJob"};
+  TextBox TextBin{*this, "TextBin"};
+  TextBox TextToilets{*this, "TextToilets"};
+  TextBox TextHeat{*this, "TextHeat"};
+  TextBox TextWork{*this, "TextWork"};
+  TextBox TextDate2{*this, "TextDate2"};
+  TextBox TextFee2{*this, "TextFee2"};
+  TextBox TextRemarks{*this, "TextRemarks"};
   SubRecordPage insurance_{*this, desk, kPermitInsurance};
   SubRecordPage contacts_{*this, desk, kPermitContacts};
 };

@@ -40,6 +40,8 @@ std::optional<std::string> APermits::ownSearchClauses() {
     if (const auto date = parseDate(boxText(*this, box)))
       clauses += dateClause(column, *date);
   }
+  if (!ownDateIsReadable())
+    return std::nullopt;
   return clauses;
 }
 
