@@ -109,9 +109,9 @@ TEST_F(PermitPages, RowsOfANewPermitAreStoredWithIt) {
   at.click(permits, "INew");
   typePermit(permits);
   typeInsurance(permits);
-  at.expect(
-      " Building Permits",
-      "The insurance that you typed is not in the list yet.\nPlease press Add, Save or Cancel on its page first.");
+  at.expect(" Building Permits",
+            "The insurance that you typed is not in the list yet.\nPlease press Add row, Keep row or Forget row on its "
+            "page first.");
   at.click(permits, "IAdd");
   at.click(permits, "iAddIns");
   typeInsurance(permits, "Kettle Bridge Casualty");

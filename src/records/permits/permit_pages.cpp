@@ -39,10 +39,11 @@ bool APermits::isSettled(const SubRecordPage& page, std::size_t tab) {
   if (!page.typing())
     return true;
   SSTab1.current = tab;
-  desk.messages.tell(" " + caption,
-                     "The " + std::string(page.kind().noun) +
-                         " that you typed is not in the list yet.\nPlease press Add, Save or Cancel on its page first.",
-                     Icon::Exclamation);
+  desk.messages.tell(
+      " " + caption,
+      "The " + std::string(page.kind().noun) +
+          " that you typed is not in the list yet.\nPlease press Add row, Keep row or Forget row on its page first.",
+      Icon::Exclamation);
   return false;
 }
 

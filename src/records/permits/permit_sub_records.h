@@ -8,7 +8,7 @@ namespace zelvo {
 inline constexpr SubRecordKind kPermitInsurance = {
     .table = "INSBASE",
     .noun = "insurance",
-    .page = "Insurance",
+    .page = "Ins&urance",
     .name = "Ins",
     .types = "\\pit.txt",
     .columns = {"INSCO1", "IADDR1", "IPHONE1", "ICERT", "ISSUED", "IPROJ", "INOTES"},
@@ -26,7 +26,7 @@ inline constexpr SubRecordKind kPermitInsurance = {
 inline constexpr SubRecordKind kPermitContacts = {
     .table = "CONBASE",
     .noun = "contact",
-    .page = "Contacts",
+    .page = "Con&tacts",
     .name = "Contact",
     .types = "\\pct.txt",
     .columns = {"CINSCO1", "CIADDR1", "CIPHONE1", "CICERT", "CISSUED", "CIPROJ", "CINOTES"},

@@ -17,11 +17,11 @@ std::string named(std::string_view before, const SubRecordKind& kind) {
 }  // namespace
 
 SubRecordPage::SubRecordPage(Screen& screen, Desk& desk, const SubRecordKind& kind)
-    : iNew(screen, named("iNew", kind), "New"),
-      iAdd(screen, named("iAdd", kind), "Add"),
-      iEdit(screen, named("iEdit", kind), "Edit"),
-      iSave(screen, named("iSave", kind), "Save"),
-      iCancel(screen, named("iCancel", kind), "Cancel"),
+    : iNew(screen, named("iNew", kind), "New &row"),
+      iAdd(screen, named("iAdd", kind), "A&dd row"),
+      iEdit(screen, named("iEdit", kind), "Edit r&ow"),
+      iSave(screen, named("iSave", kind), "&Keep row"),
+      iCancel(screen, named("iCancel", kind), "&Forget row"),
       list(screen, named("ListView", kind)),
       text(screen, named("Text", kind), {kNameBox}),
       type(screen, named("Combo", kind)),
