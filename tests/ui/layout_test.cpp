@@ -59,7 +59,7 @@ TEST_F(LayoutTest, DisagreementsAreNamed) {
 
 /// Only builds: nobody does anything in it.
 struct Nobody : UserActions {
-  std::vector<std::string> offers(const TextBox&) override { return {}; }
+  std::vector<std::string> offers(const Control&) override { return {}; }
   void sets(Control&, const std::string&) override {}
   void changes(Control&, const std::function<void()>&) override {}
   void clicks(Control&) override {}

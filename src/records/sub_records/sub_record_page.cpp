@@ -31,8 +31,9 @@ SubRecordPage::SubRecordPage(Screen& screen, Desk& desk, const SubRecordKind& ki
       screen_(screen),
       kind_(kind) {
   text.add({kNumberBox, kAddressBox, kPhoneBox, kHolderBox, kProjectBox, kNotesBox});
-  list.columns = {{" Seq ", 5},       {" Cert # ", 12},  {std::string(kind.nameCaption), 22}, {" Valid From ", 11},
-                  {" Valid To ", 11}, {" Project ", 20}, {std::string(kind.notesCaption), 24}};
+  // No more together than a window of 1366 points shows beside the boxes.
+  list.columns = {{" Seq ", 4},      {" Cert # ", 10},  {std::string(kind.nameCaption), 18}, {" Valid From ", 9},
+                  {" Valid To ", 9}, {" Project ", 14}, {std::string(kind.notesCaption), 18}};
   const Table& table = *findTable(kind.table);
   for (std::size_t i = 0; i < kSubBoxes; ++i)
     text(static_cast<int>(i) + 1).maxLength = std::max(table.find(kind.columns[i])->length, 0);
