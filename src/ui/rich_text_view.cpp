@@ -37,6 +37,8 @@ class Paper : public QTextEdit {
 
   // The sheet lies in the middle of the window.
   void showWidth(int line) {
+    if (lineWrapColumnOrWidth() == line + 2 * kRoom)
+      return;
     setLineWrapColumnOrWidth(line + 2 * kRoom);
     center();
   }
@@ -87,6 +89,8 @@ class RichTextView : public ControlView {
  public:
   RichTextView(RichTextBox& box, UserActions& actions, QWidget* parent)
       : ControlView(box, actions), box_(box), widget_(new Paper(parent)) {
+    QObject::connect(widget_->document(), &QTextDocument::contentsChange, widget_,
+                     [this](int from, int, int added) { letter_.noteChange(*widget_->document(), from, added); });
     QObject::connect(widget_, &QTextEdit::textChanged, widget_, [this] { typed(); });
     QObject::connect(widget_, &QTextEdit::cursorPositionChanged, widget_, [this] { moved(); });
     QObject::connect(widget_, &QTextEdit::selectionChanged, widget_, [this] { moved(); });
@@ -100,10 +104,12 @@ class RichTextView : public ControlView {
       widget_->setReadOnly(box_.locked);
     if (shown_ == box_.revision())
       return;
+    const bool next = shown_ + 1 == box_.revision();
     shown_ = box_.revision();
     const QSignalBlocker programsDoing(widget_);
     const int scrolled = widget_->verticalScrollBar()->value();
-    letter_.show(box_.document(), *widget_->document());
+    if (!(next && box_.renewed() && showPart(*box_.renewed())))
+      letter_.show(box_.document(), *widget_->document());
     widget_->showWidth(letter_.lineWidth());
     QTextCursor cursor = widget_->textCursor();
     cursor.setPosition(letter_.positionOf(*widget_->document(), box_.selection().from));
@@ -122,20 +128,26 @@ class RichTextView : public ControlView {
     return {letter_.placeOf(text, cursor.selectionStart()), letter_.placeOf(text, cursor.selectionEnd())};
   }
 
+  bool showPart(const RichTextBox::Renewed& part) {
+    return letter_.showPart(box_.document().body, part.at, part.gone, part.at + part.come, *widget_->document());
+  }
+
   // Each key is in the letter at once.
   void typed() {
     if (dead)
       return;
-    Document letter = letter_.read(*widget_->document());
+    BodyChange change = letter_.takeChange(*widget_->document());
     const TextRange caret = range();
-    user.changes(control_, [this, &letter, caret] { box_.typed(std::move(letter), caret); });
+    user.changes(control_, [this, &change, caret] { box_.typed(std::move(change), caret); });
   }
 
+  // What is being typed is told of first.
   void moved() {
-    if (dead || range() == box_.selection())
+    if (dead || letter_.isChanged())
       return;
     const TextRange selected = range();
-    user.changes(control_, [this, selected] { box_.selectedByUser(selected); });
+    if (selected != box_.selection())
+      user.changes(control_, [this, selected] { box_.selectedByUser(selected); });
   }
 
   RichTextBox& box_;

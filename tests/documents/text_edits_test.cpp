@@ -74,6 +74,44 @@ TEST(TextEdits, LettersOutsideTheRangeKeepTheirLook) {
   EXPECT_EQ(lookOf(made, {{0, 12}, {0, 12}}).bold, true) << "as the letter before the caret";
 }
 
+std::vector<Block> lines(const std::string& letters) {
+  std::vector<Block> body;
+  for (const char letter : letters)
+    body.emplace_back(line(std::string(1, letter)));
+  return body;
+}
+
+TEST(BodyChange, OnlyWhatDiffersIsChangedAndCanBeTakenBack) {
+  struct Row {
+    const char *before, *after;
+    std::size_t at, gone, come;
+  };
+  const Row rows[] = {{"abc", "abc", 3, 0, 0},  {"abc", "axc", 1, 1, 1}, {"abc", "ac", 1, 1, 0},
+                      {"aa", "aaa", 2, 0, 1},   {"", "ab", 0, 0, 2},     {"abc", "", 0, 3, 0},
+                      {"abcd", "axyd", 1, 2, 2}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.before) + " -> " + row.after);
+    std::vector<Block> body = lines(row.before);
+    StoredBody stored;
+    stored.store(body);
+    BodyChange trimmed{0, body.size(), lines(row.after)};
+    trimChange(body, trimmed);
+    BodyChange change = changeBetween(body, lines(row.after));
+    EXPECT_EQ(change.at, row.at);
+    EXPECT_EQ(change.gone, row.gone);
+    EXPECT_EQ(change.come.size(), row.come);
+    EXPECT_TRUE(trimmed.at == change.at && trimmed.gone == change.gone && trimmed.come == change.come);
+    BodyChange back = makeChange(body, std::move(change));
+    EXPECT_TRUE(body == lines(row.after));
+    stored.noteChange(body, row.at, row.come);
+    EXPECT_EQ(stored.differs(), std::string(row.before) != row.after);
+    makeChange(body, std::move(back));
+    EXPECT_TRUE(body == lines(row.before));
+    stored.noteChange(body, row.at, row.gone);
+    EXPECT_FALSE(stored.differs()) << "what is taken back is no change";
+  }
+}
+
 class WritingScreen : public Screen {
  public:
   explicit WritingScreen(Desk& itsDesk) : Screen(itsDesk, "WritingFrm", "Writing") {}
@@ -88,9 +126,7 @@ TEST(RichTextBox, AWordIsOneStepBackAndALookChosenBeforeTypingIsTyped) {
   std::string typed;
   for (const char letter : std::string("to be")) {
     typed += letter;
-    Document next = box.document();
-    setText(next, typed);
-    box.typed(next, {{0, typed.size()}, {0, typed.size()}});
+    box.typed({0, 1, {line(typed)}}, {{0, typed.size()}, {0, typed.size()}});
   }
   box.undo();
   EXPECT_EQ(box.shown(), "to ");

@@ -7,6 +7,7 @@
 #include <QTextDocument>
 #include <QTextEdit>
 #include <filesystem>
+#include <random>
 
 #include "base/files.h"
 #include "documents/document_reader.h"
@@ -101,6 +102,87 @@ TEST(QtLetter, WhatIsTypedTakesNothingElseAlong) {
   EXPECT_EQ(heading.runs.size(), 1u) << "in the look of the word";
   heading = std::get<Paragraph>(letter.body.front());
   EXPECT_TRUE(typed == letter) << "all the rest is as it was";
+}
+
+/// A letter under the hands of somebody who types, erases, pastes and breaks lines anywhere.
+struct Hands {
+  explicit Hands(const Document& letter) : body(letter.body) {
+    text.documentLayout();  // a text without one tells of no changes
+    QObject::connect(&text, &QTextDocument::contentsChange, &text,
+                     [this](int from, int, int added) { converter.noteChange(text, from, added); });
+    converter.show(letter, text);
+  }
+  void take() { makeChange(body, converter.takeChange(text)); }
+  void act(QTextCursor& cursor) {
+    cursor.setPosition(any(text.characterCount()));
+    if (any(3) == 0)
+      cursor.setPosition(any(text.characterCount()), QTextCursor::KeepAnchor);
+    switch (any(6)) {
+      case 0:
+        return cursor.insertBlock();
+      case 1:
+        return cursor.deletePreviousChar();
+      case 2:
+        return cursor.deleteChar();
+      case 3:
+        return cursor.insertText(QStringLiteral("one\ntwo\nthree"));
+      default:
+        return cursor.insertText(QStringLiteral("x"));
+    }
+  }
+  int any(int below) { return static_cast<int>(chance() % static_cast<unsigned>(below)); }
+
+  std::minstd_rand chance{7};
+  QTextDocument text;
+  QtLetter converter;
+  std::vector<Block> body;
+};
+
+TEST(QtLetter, WhatIsReadOfAChangeIsWhatTheWholeLetterGives) {
+  for (const auto& [why, letter] : letters()) {
+    Hands hands(letter);
+    QTextCursor cursor(&hands.text);
+    for (int step = 0; step < 300; ++step) {
+      hands.act(cursor);
+      if (hands.any(4) == 0)
+        hands.act(cursor);  // two changes told of at once
+      hands.take();
+      ASSERT_TRUE(hands.body == hands.converter.read(hands.text).body) << why << ", step " << step;
+      if (hands.text.characterCount() < 20) {
+        hands.converter.show(letter, hands.text);
+        hands.body = letter.body;
+      }
+    }
+  }
+}
+
+TEST(QtLetter, AKeyCostsTheLineThatItIsTypedOn) {
+  std::string report = "{\\rtf1 ";
+  for (int line = 0; line < 2000; ++line)
+    report += "26-00001  Smith, John\\par ";
+  Hands hands(readDocument(report + "}"));
+  QTextCursor cursor(&hands.text);
+  cursor.setPosition(hands.text.characterCount() / 2);
+  for (int key = 0; key < 100; ++key) {
+    cursor.insertText("a");
+    hands.take();
+  }
+  EXPECT_LE(hands.converter.blocksRead(), 100u) << "the rest of the letter is not read again";
+  EXPECT_TRUE(hands.body == hands.converter.read(hands.text).body);
+}
+
+TEST(QtLetter, APartIsShownAnewInItsPlaceOrNotAtAll) {
+  const Document letter = fullLetter();
+  Hands hands(letter);
+  std::vector<Block> next = letter.body;
+  next[0] = next[1];
+  next.insert(next.begin() + 1, letter.body[2]);
+  ASSERT_TRUE(hands.converter.showPart(next, 0, 1, 2, hands.text));
+  EXPECT_TRUE(hands.converter.read(hands.text).body == next);
+  const auto row = std::ranges::find_if(next, [](const Block& block) { return block.index() == 1; });
+  const auto place = static_cast<std::size_t>(row - next.begin());
+  EXPECT_FALSE(hands.converter.showPart(next, place, 1, place + 1, hands.text)) << "a table is shown with the rest";
+  EXPECT_TRUE(hands.converter.read(hands.text).body == next);
 }
 
 /// The editor in its window, over the sample screen.

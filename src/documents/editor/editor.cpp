@@ -16,7 +16,6 @@ std::string withExtension(const std::string& path) {
 }  // namespace
 
 Editor::Editor(Desk& theDesk) : Screen(theDesk, "Editor", "Editor"), format_(*this, theDesk, RichTextBox1) {
-  static_cast<void>(RichTextBox1.load({}));
   cmdOpen.tip = "Open a rich-text file (Ctrl+O)";
   cmdSave.tip = "Save (Ctrl+S)";
   cmdSaveAs.tip = "Save under another name";

@@ -1,7 +1,7 @@
 #include "documents/editor/format_bar.h"
 
-#include <algorithm>
 #include <array>
+#include <set>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -52,14 +52,9 @@ FormatBar::FormatBar(Screen& screen, Desk& desk, RichTextBox& text)
 
 // A letter keeps the fonts that it was written in.
 void FormatBar::offerFonts() {
-  std::vector<std::string> fonts = kFonts;
-  for (const Paragraph* paragraph : paragraphsOf(text_.document()))
-    for (const Run& run : paragraph->runs)
-      if (std::find(fonts.begin(), fonts.end(), run.style.font.family) == fonts.end())
-        fonts.push_back(run.style.font.family);
-  std::sort(fonts.begin(), fonts.end());
-  if (cboFont.items != fonts)
-    cboFont.items = std::move(fonts);
+  std::set<std::string> fonts = text_.fonts();
+  fonts.insert(kFonts.begin(), kFonts.end());
+  cboFont.items.assign(fonts.begin(), fonts.end());
 }
 
 void FormatBar::refresh() {

@@ -136,9 +136,12 @@ std::string searched(const Paragraph& paragraph) {
 
 }  // namespace
 
-SelectionLook lookOf(const Document& document, TextRange asked) {
-  const TextRange range = within(document, asked);
-  const auto all = paragraphsOf(document);
+SelectionLook lookOf(const Document& document, TextRange range) {
+  return lookOf(paragraphsOf(document), range);
+}
+
+SelectionLook lookOf(const Paragraphs& all, TextRange asked) {
+  const TextRange range = within(all, asked);
   SelectionLook look;
   if (all.empty())
     return look;
@@ -146,8 +149,12 @@ SelectionLook lookOf(const Document& document, TextRange asked) {
   for (std::size_t i = range.from.paragraph; i <= range.to.paragraph; ++i) {
     note(look.alignment, all[i]->style.alignment, i == range.from.paragraph);
     const Covered covered = coveredOf(*all[i], i, range);
-    for (const Run& run : runsBetween(*all[i], covered.from, covered.to))
-      noteStyle(look, run.style, std::exchange(first, false));
+    std::size_t at = 0;
+    for (const Run& run : all[i]->runs) {
+      const std::size_t begin = std::exchange(at, at + lengthOf(run));
+      if (begin < covered.to && at > covered.from)
+        noteStyle(look, run.style, std::exchange(first, false));
+    }
   }
   if (first)
     noteStyle(look, styleAt(*all[range.from.paragraph], range.from.offset), true);

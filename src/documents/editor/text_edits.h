@@ -20,6 +20,7 @@ struct SelectionLook {
   std::optional<Alignment> alignment;
 };
 SelectionLook lookOf(const Document& document, TextRange range);
+SelectionLook lookOf(const Paragraphs& all, TextRange range);
 
 /// A change of the style of letters: called for each style that is met.
 using StyleChange = std::function<void(TextStyle&)>;

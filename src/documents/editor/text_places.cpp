@@ -6,17 +6,11 @@ namespace zelvo {
 
 namespace {
 
-template <class Doc, class Para>
+template <class Para, class Doc>
 std::vector<Para*> collect(Doc& document) {
   std::vector<Para*> all;
-  for (auto& block : document.body) {
-    if (auto* paragraph = std::get_if<Paragraph>(&block))
-      all.push_back(paragraph);
-    else if (auto* row = std::get_if<TableRow>(&block))
-      for (auto& cell : row->cells)
-        for (auto& inside : cell.paragraphs)
-          all.push_back(&inside);
-  }
+  for (auto& block : document.body)
+    eachParagraph(block, [&all](Para& paragraph) { all.push_back(&paragraph); });
   return all;
 }
 
@@ -27,11 +21,11 @@ bool isText(const Run& run) {
 }  // namespace
 
 std::vector<Paragraph*> paragraphsOf(Document& document) {
-  return collect<Document, Paragraph>(document);
+  return collect<Paragraph>(document);
 }
 
-std::vector<const Paragraph*> paragraphsOf(const Document& document) {
-  return collect<const Document, const Paragraph>(document);
+Paragraphs paragraphsOf(const Document& document) {
+  return collect<const Paragraph>(document);
 }
 
 std::size_t lengthOf(const Run& run) {
@@ -46,7 +40,10 @@ std::size_t lengthOf(const Paragraph& paragraph) {
 }
 
 TextRange within(const Document& document, TextRange range) {
-  const auto all = paragraphsOf(document);
+  return within(paragraphsOf(document), range);
+}
+
+TextRange within(const Paragraphs& all, TextRange range) {
   if (all.empty())
     return {};
   for (TextPlace* place : {&range.from, &range.to}) {

@@ -25,9 +25,22 @@ struct TextRange {
   bool operator==(const TextRange&) const = default;
 };
 
-/// All paragraphs of the body, those of cells where they stand.
+/// Visits each paragraph of a block, those of cells where they stand.
+template <class Part, class Visit>
+void eachParagraph(Part& block, const Visit& visit) {
+  if (auto* paragraph = std::get_if<Paragraph>(&block))
+    visit(*paragraph);
+  else if (auto* row = std::get_if<TableRow>(&block))
+    for (auto& cell : row->cells)
+      for (auto& inside : cell.paragraphs)
+        visit(inside);
+}
+
+using Paragraphs = std::vector<const Paragraph*>;
+
+/// All paragraphs of the body.
 std::vector<Paragraph*> paragraphsOf(Document& document);
-std::vector<const Paragraph*> paragraphsOf(const Document& document);
+Paragraphs paragraphsOf(const Document& document);
 
 /// How much a run and a paragraph count for places.
 std::size_t lengthOf(const Run& run);
@@ -35,6 +48,7 @@ std::size_t lengthOf(const Paragraph& paragraph);
 
 /// The range as it lies in the document: what is beyond its ends is brought back to them.
 TextRange within(const Document& document, TextRange range);
+TextRange within(const Paragraphs& all, TextRange range);
 /// The whole text.
 TextRange wholeOf(const Document& document);
 

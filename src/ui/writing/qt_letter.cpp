@@ -9,6 +9,8 @@
 #include <QTextTable>
 #include <QUrl>
 #include <algorithm>
+#include <ranges>
+#include <span>
 #include <utility>
 
 #include "ui/qt_text.h"
@@ -107,13 +109,27 @@ void eachPiece(const QTextBlock& block, const Visit& visit) {
   }
 }
 
-// Whether a block is a paragraph of the letter: not a spacer, not a break that stands alone.
-bool isParagraph(const QTextBlock& block) {
+// A spacer and a break that stands alone are no paragraphs of the letter.
+QtLetter::Share shareOf(const QTextBlock& block) {
   bool letters = false;
-  bool breaks = false;
-  eachPiece(block,
-            [&](const QTextCharFormat&, const QString&, int kind) { (isBreak(kind) ? breaks : letters) = true; });
-  return letters || !(breaks || block.blockFormat().hasProperty(kSpacer));
+  std::uint32_t breaks = 0;
+  eachPiece(block, [&](const QTextCharFormat&, const QString&, int kind) {
+    breaks += isBreak(kind) ? 1 : 0;
+    letters = letters || !isBreak(kind);
+  });
+  const bool paragraph = letters || (breaks == 0 && !block.blockFormat().hasProperty(kSpacer));
+  return {breaks + (paragraph ? 1 : 0), paragraph ? 1u : 0u};
+}
+
+QtLetter::Span spanOf(const QTextTable& table) {
+  const QTextDocument& text = *table.document();
+  return {text.findBlock(table.firstPosition()).blockNumber(), text.findBlock(table.lastPosition()).blockNumber()};
+}
+
+// A table gives its row with the first of its blocks.
+void countTable(QtLetter::Span span, std::vector<QtLetter::Share>& shares) {
+  shares.push_back({1, 1});
+  shares.resize(shares.size() + static_cast<std::size_t>(span.last - span.first), {0, 1});
 }
 
 }  // namespace
@@ -141,6 +157,8 @@ void QtLetter::show(const Document& letter, QTextDocument& text) {
     cursor.setBlockFormat(spacer);
   }
   cursor.endEditBlock();
+  count(text);
+  changed_.reset();
 }
 
 void QtLetter::showBlock(QTextCursor& cursor, const Block& block) {
@@ -220,29 +238,81 @@ void QtLetter::showRow(QTextCursor& cursor, const TableRow& row) {
   fresh_ = true;
 }
 
+bool QtLetter::showPart(const std::vector<Block>& body, std::size_t at, std::size_t gone, std::size_t end,
+                        QTextDocument& text) {
+  const auto first = static_cast<std::size_t>(numberOf(at));
+  const auto plain = [](const Share& share) { return share.blocks == 1 && share.paragraphs == 1; };
+  const auto paragraph = [](const Block& block) { return std::holds_alternative<Paragraph>(block); };
+  const std::span shares = std::span(shares_).subspan(std::min(first, shares_.size()));
+  const std::span come = std::span(body).subspan(at, end - at);
+  if (gone == 0 || come.empty() || shares.size() < gone || !std::ranges::all_of(shares.first(gone), plain) ||
+      !std::ranges::all_of(come, paragraph))
+    return gone == 0 && come.empty();
+  const QTextBlock last = text.findBlockByNumber(static_cast<int>(first + gone - 1));
+  QTextCursor cursor(text.findBlockByNumber(static_cast<int>(first)));
+  if (text.frameAt(cursor.position()) != text.rootFrame() || text.frameAt(last.position()) != text.rootFrame())
+    return false;
+  cursor.beginEditBlock();
+  cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+  cursor.removeSelectedText();
+  fresh_ = true;
+  for (const Block& block : come)
+    showParagraph(cursor, std::get<Paragraph>(block));
+  cursor.endEditBlock();
+  takeChange(text);
+  return true;
+}
+
 Document QtLetter::read(const QTextDocument& text) const {
   Document letter = frame_;
-  for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
-    if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
-      letter.body.emplace_back(std::in_place_type<TableRow>, readRow(*table));
-    else if (part.currentBlock().isValid())
-      readBlock(part.currentBlock(), letter.body);
-  }
+  letter.body = readSpan(text, {0, text.blockCount() - 1}).body;
   return letter;
 }
 
-void QtLetter::readBlock(const QTextBlock& block, std::vector<Block>& body) const {
+// The whole text once, which is the quickest way to know which blocks lie in tables.
+void QtLetter::count(const QTextDocument& text) {
+  shares_.clear();
+  for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
+    if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
+      countTable(spanOf(*table), shares_);
+    else if (part.currentBlock().isValid())
+      shares_.push_back(shareOf(part.currentBlock()));
+  }
+}
+
+// A span that begins or ends in a table is read with all of the table.
+QtLetter::Reading QtLetter::readSpan(const QTextDocument& text, Span span) const {
+  Reading reading;
+  for (QTextBlock block = text.findBlockByNumber(span.first); block.isValid() && block.blockNumber() <= span.last;) {
+    const auto* table = qobject_cast<const QTextTable*>(text.frameAt(block.position()));
+    if (table)
+      readTable(*table, reading);
+    else
+      readBlock(block, reading);
+    block = table ? text.findBlock(table->lastPosition() + 1) : block.next();
+  }
+  return reading;
+}
+
+void QtLetter::readBlock(const QTextBlock& block, Reading& reading) const {
   eachPiece(block, [&](const QTextCharFormat& format, const QString&, int kind) {
     if (kind == kPageBreak)
-      body.emplace_back(std::in_place_type<PageBreak>);
+      reading.body.emplace_back(std::in_place_type<PageBreak>);
     else if (kind == kSectionBreak)
-      body.push_back(sections_.at(static_cast<std::size_t>(format.intProperty(kIndex))));
+      reading.body.push_back(sections_.at(static_cast<std::size_t>(format.intProperty(kIndex))));
   });
-  if (isParagraph(block))
-    body.emplace_back(std::in_place_type<Paragraph>, readParagraph(block));
+  reading.shares.push_back(shareOf(block));
+  if (reading.shares.back().paragraphs > 0)
+    reading.body.emplace_back(std::in_place_type<Paragraph>, readParagraph(block));
+}
+
+void QtLetter::readTable(const QTextTable& table, Reading& reading) const {
+  countTable(spanOf(table), reading.shares);
+  reading.body.emplace_back(std::in_place_type<TableRow>, readRow(table));
 }
 
 Paragraph QtLetter::readParagraph(const QTextBlock& block) const {
+  ++blocksRead_;
   Paragraph paragraph;
   const QTextBlockFormat format = block.blockFormat();
   if (format.hasProperty(kParagraph))
@@ -274,35 +344,87 @@ TableRow QtLetter::readRow(const QTextTable& table) const {
   return row;
 }
 
-int QtLetter::positionOf(const QTextDocument& text, TextPlace place) const {
-  std::size_t paragraph = 0;
-  for (QTextBlock block = text.begin(); block.isValid(); block = block.next()) {
-    if (!isParagraph(block))
-      continue;
-    if (paragraph++ < place.paragraph)
-      continue;
-    qsizetype inside = 0;
-    std::size_t left = place.offset;
-    eachPiece(block, [&](const QTextCharFormat&, const QString& piece, int kind) {
-      const std::size_t size = kind == 0 ? static_cast<std::size_t>(readText(piece).size()) : isBreak(kind) ? 0 : 1;
-      const std::size_t taken = std::min(left, size);
-      if (taken == size)
-        inside += piece.size();
-      else
-        inside += QString::fromUtf8(readText(piece).substr(0, taken).c_str()).size();
-      left -= taken;
-    });
-    return block.position() + static_cast<int>(place.offset == 0 ? 0 : inside);
+void QtLetter::noteChange(const QTextDocument& text, int from, int added) {
+  const auto blockAt = [&text](int position) {
+    return text.findBlock(std::min(position, text.characterCount() - 1)).blockNumber();
+  };
+  Span span{blockAt(from), blockAt(from + added)};
+  if (changed_) {  // an earlier one may have moved
+    const int grown = text.blockCount() - counted_;
+    span.first = std::min(span.first, changed_->first);
+    span.last = std::min(std::max({span.last, changed_->last, changed_->last + grown}), text.blockCount() - 1);
   }
-  return std::max(0, text.characterCount() - 1);
+  changed_ = span;
+  counted_ = text.blockCount();
+}
+
+BodyChange QtLetter::takeChange(const QTextDocument& text) {
+  if (!changed_)
+    return {};
+  Span span = *std::exchange(changed_, std::nullopt);
+  for (const int number : {span.first, span.last})
+    if (const auto* table = qobject_cast<const QTextTable*>(text.frameAt(text.findBlockByNumber(number).position()))) {
+      span.first = std::min(span.first, spanOf(*table).first);
+      span.last = std::max(span.last, spanOf(*table).last);
+    }
+  Reading reading = readSpan(text, span);
+  const auto behind = shares_.size() - static_cast<std::size_t>(text.blockCount() - 1 - span.last);
+  const std::size_t at = blocksBefore(span.first);
+  const std::size_t gone = blocksBefore(static_cast<int>(behind)) - at;
+  const auto first = shares_.begin() + span.first;
+  const auto last = shares_.begin() + static_cast<std::ptrdiff_t>(behind);
+  shares_.insert(shares_.erase(first, last), reading.shares.begin(), reading.shares.end());
+  return {at, gone, std::move(reading.body)};
+}
+
+// How many blocks of the letter stand before a block of the text.
+std::size_t QtLetter::blocksBefore(int number) const {
+  std::size_t sum = 0;
+  for (const Share& share : std::span(shares_).first(static_cast<std::size_t>(number)))
+    sum += share.blocks;
+  return sum;
+}
+
+// The first block of the text that shows a block of the letter.
+int QtLetter::numberOf(std::size_t block) const {
+  std::size_t sum = 0;
+  int number = 0;
+  for (; static_cast<std::size_t>(number) < shares_.size(); ++number)
+    if (sum += shares_[static_cast<std::size_t>(number)].blocks; sum > block)
+      break;
+  return number;
+}
+
+int QtLetter::positionOf(const QTextDocument& text, TextPlace place) const {
+  std::size_t left = place.paragraph + 1;
+  const auto found = std::ranges::find_if(shares_, [&left](const Share& share) {
+    left -= std::min<std::size_t>(left, share.paragraphs);
+    return left == 0;
+  });
+  if (found == shares_.end())
+    return std::max(0, text.characterCount() - 1);
+  const QTextBlock block = text.findBlockByNumber(static_cast<int>(found - shares_.begin()));
+  qsizetype inside = 0;
+  std::size_t further = place.offset;
+  eachPiece(block, [&](const QTextCharFormat&, const QString& piece, int kind) {
+    const std::size_t size = kind == 0 ? static_cast<std::size_t>(readText(piece).size()) : isBreak(kind) ? 0 : 1;
+    const std::size_t taken = std::min(further, size);
+    if (taken == size)
+      inside += piece.size();
+    else
+      inside += QString::fromUtf8(readText(piece).substr(0, taken).c_str()).size();
+    further -= taken;
+  });
+  return block.position() + static_cast<int>(place.offset == 0 ? 0 : inside);
 }
 
 TextPlace QtLetter::placeOf(const QTextDocument& text, int position) const {
   const QTextBlock found = text.findBlock(position);
+  const auto number = static_cast<std::size_t>(std::max(0, found.blockNumber()));
   TextPlace place;
-  for (QTextBlock block = text.begin(); block.isValid() && block != found; block = block.next())
-    place.paragraph += isParagraph(block) ? 1 : 0;
-  if (!isParagraph(found))
+  for (const Share& share : std::span(shares_).first(std::min(number, shares_.size())))
+    place.paragraph += share.paragraphs;
+  if (number >= shares_.size() || shares_[number].paragraphs == 0)
     return place;
   qsizetype left = position - found.position();
   eachPiece(found, [&](const QTextCharFormat&, const QString& piece, int kind) {
