@@ -4,6 +4,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "documents/print_types.h"
 
 namespace zelvo {
 
@@ -33,6 +34,7 @@ PrintFrm::PrintFrm(Desk& theDesk, std::string_view title, std::vector<std::strin
   show(desk.session.print);
   for (TextBox* box : {&Text1, &Text2, &Text3, &Text4})
     watchMargin(*box);
+  onEdit(Combo1, [this] { chooseType(); });
   onClick(cmdHeader, [this] { cmdHeader_Click(); });
   onClick(cmdPreview, [this] { accept(true); });
   onClick(cmdPrint, [this] { accept(false); });
@@ -46,11 +48,27 @@ void PrintFrm::show(const PrintOptions& options) {
   Check2.checked = options.landscape;
   Check3.checked = options.choosePrinter;
   Check4.checked = Check4.visible && options.keepCopy;
+  showPage(options);
+}
+
+void PrintFrm::showPage(const PrintOptions& options) {
   Text1.text = numberText(options.left);
   Text2.text = numberText(options.top);
   Text3.text = numberText(options.right);
   Text4.text = numberText(options.bottom);
   Combo2.text = std::to_string(options.fontSize);
+}
+
+void PrintFrm::chooseType() {
+  if (!hasOwnMargins(Combo1.text))
+    return;
+  const auto own = optionsOfType(desk.session.programFolder, Combo1.text, desk.session.print);
+  if (!own)
+    return;
+  showPage(*own);
+  for (TextBox* box : {&Text1, &Text2, &Text3, &Text4})
+    checkMargins(*box);
+  marginsTouched_ = true;
 }
 
 void PrintFrm::watchMargin(TextBox& box) {
@@ -99,6 +117,9 @@ void PrintFrm::accept(bool preview) {
   if (options.choosePrinter && !desk.printing.choosePrinter(options))
     return;
   desk.session.print = options;
+  if (hasOwnMargins(options.type))
+    if (const auto kept = keepOptionsOfType(desk.session.programFolder, options); !kept)
+      desk.messages.tell(" " + caption, kept.error().message, Icon::Exclamation);
   accepted_ = true;
   closeMe();
 }

@@ -14,7 +14,8 @@ namespace zelvo {
 enum class PrintFrom { List, Record };
 
 /// The print options: which printout of the record is wanted, and how it goes to paper. Starts from the session's
-/// options and stores them there on "&Print" and "Pre&view"; what is printed is the calling screen's part.
+/// options and stores them there on "&Print" and "Pre&view"; what is printed is the calling screen's part. A type with
+/// margins of its own brings those under which it was printed last.
 class PrintFrm : public Screen {
  public:
   PrintFrm(Desk& desk, std::string_view title, std::vector<std::string> printoutTypes,
@@ -46,6 +47,8 @@ class PrintFrm : public Screen {
 
  private:
   void show(const PrintOptions& options);
+  void showPage(const PrintOptions& options);
+  void chooseType();
   void watchMargin(TextBox& box);
   void checkMargins(TextBox& box);
   void cmdHeader_Click();

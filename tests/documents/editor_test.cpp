@@ -149,6 +149,21 @@ TEST_F(WritingOffice, AMergedLetterIsChangedThenPrintedThenKept) {
   EXPECT_FALSE(at.screens.isOpen(editor)) << "what is on paper is not asked about";
 }
 
+TEST_F(WritingOffice, AQueueThatRefusesLosesNothing) {
+  at.session.print.viewFirst = true;
+  ASSERT_TRUE(letters.print("notice.rtf", "Permit Notice").ok());
+  auto& editor = dynamic_cast<Editor&>(*at.screens.front());
+  at.set(editor, "RichTextBox1", "Written by hand");
+  at.printerSays = Error{Trouble::Failed, "The queue does not take it."};
+  at.expect(" Print", "The queue does not take it.");
+  at.click(editor, "cmdPrint");
+  EXPECT_EQ(words(editor), "Written by hand");
+  EXPECT_EQ(plainText(readDocument(folder.read("tmp.rtf"))), "Written by hand\n");
+  at.expect(" Editor", "\"Permit Notice\" was changed.\nSave the changes?", Answer::Cancel);
+  at.click(editor, "cmdQuit");
+  EXPECT_TRUE(at.screens.isOpen(editor)) << "it is on no paper yet";
+}
+
 TEST_F(WritingOffice, ALetterUnderTheHandsIsNotPushedAsideByTheNextOne) {
   Editor& editor = openNotice();
   at.set(editor, "RichTextBox1", "Half a letter");

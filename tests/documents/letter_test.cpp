@@ -150,6 +150,32 @@ TEST_F(PrintFrmTest, WaitsForThePrinterAndKeepsItsCopies) {
   EXPECT_EQ(options.fontSize, 24);
 }
 
+TEST_F(PrintFrmTest, ATypeWithMarginsOfItsOwnBringsThoseItWasPrintedWithLast) {
+  TempFolder folder;
+  desk.session.programFolder = folder.path();
+  const auto print = [&](const char* type, const char* margin, const char* size) {
+    PrintFrm options(desk.desk, "Print", {"ID Card", "ID Badge, small", "IDs"});
+    std::string shown;
+    desk.when("PrintFrm", [&](Screen&) {
+      desk.set(options, "Combo1", type);
+      shown = desk.shown(options, "Text1") + " " + desk.shown(options, "Combo2");
+      desk.set(options, "Text1", margin);
+      desk.set(options, "Combo2", size);
+      desk.click(options, "cmdPrint");
+    });
+    desk.screens.showModal(options);
+    return shown;
+  };
+  EXPECT_EQ(print("ID Card", "1.25", "8"), "0.5 10") << "never printed: as the options are";
+  EXPECT_EQ(print("ID Badge, small", "2", "12"), "1.25 8");
+  EXPECT_EQ(print("IDs", "0.75", "9"), "2 12") << "a type like any other";
+  EXPECT_EQ(print("ID Card", "1", "8"), "1.25 8");
+  EXPECT_EQ(print("ID Badge, small", "2", "12"), "2 12");
+  EXPECT_EQ(print("ID Card", "1", "8"), "1 8");
+  folder.write("idtypes.txt", "ID Card,9,0,x,1,11\r\n");
+  EXPECT_EQ(print("ID Card", "1", "8"), "3 11") << "margins that no printer has";
+}
+
 TEST_F(PrintFrmTest, LeavesTheOptionsAloneWhenCancelled) {
   desk.when("PrintFrm", [&](Screen&) {
     desk.set(screen, "Combo1", "Checklist");

@@ -245,7 +245,9 @@ TEST_F(ReportRun, PrintsUnderItsMergedHeading) {
 
 TEST_F(ReportRun, WithoutAHeadingOfItsOwnItHasTheReportHeader) {
   const std::pair<const char*, const char*> headers[] = {
-      {"{\\rtf1\\pard Office\\par}", "Office\nPERMITS"}, {"Office", "Office\nPERMITS"}, {"", "PERMITS"}};
+      {"{\\rtf1\\pard Office of %mi\\par}", "Office of Alder Glen\nPERMITS"},
+      {"Office", "Office\nPERMITS"},
+      {"", "PERMITS"}};
   for (const auto& [header, begin] : headers) {
     office.session.reportHeader = header;
     for (const char* name : {"", "\\gone.rtf"}) {
@@ -273,6 +275,7 @@ TEST_F(ReportRun, IsSavedWhereTheUserSays) {
   EXPECT_EQ(folder.read("report.csv"), "\xEF\xBB\xBFPERMIT,OWNER,FEE\r\n26-1,\"Smith, John\",10\r\n");
   office.pick(folder.file("gone/report.csv"));
   EXPECT_FALSE(run(1, ReportOutput::Spreadsheet));
+  EXPECT_FALSE(FileExists(folder.file("tmp.rtf"))) << "nothing was printed";
   EXPECT_TRUE(office.printed.empty());
 }
 

@@ -23,12 +23,12 @@ std::vector<std::string> reportOutputs() {
   return {"Print", "Preview", "Save as rich text", "Save for a spreadsheet"};
 }
 
+// Filled in memory: "\tmp.rtf" stays what was printed last, until the listing itself is.
 Result<std::string> ReportPrinter::heading(const ReportKind& kind) {
   const Session& session = desk_.session;
-  if (kind.header.empty() || !FileExists(joinPath(session.formsFolder, kind.header)))
-    return asRichText(session.reportHeader);
-  const auto merged = letters_.merge(kind.header);
-  return merged ? readBytes(*merged) : merged;
+  const bool own = !kind.header.empty() && FileExists(joinPath(session.formsFolder, kind.header));
+  const auto top = own ? letters_.read(kind.header) : Result<std::string>(asRichText(session.reportHeader));
+  return top && !top->empty() ? letters_.fill(*top) : top;
 }
 
 void ReportPrinter::tellEmpty() {
