@@ -25,7 +25,7 @@ class Fitter {
     if (shrink([&] { return fits(lines); }))
       return {font_.points, lineHeight(), lines};
     shrink([&] { return wordsFit(lines) && wrapped(lines, kNoLimit).size() <= room(); });
-    return {font_.points, lineHeight(), wrapped(lines, room())};
+    return {font_.points, lineHeight(), wrapped(joined(lines, room()), room())};
   }
 
  private:
@@ -54,6 +54,21 @@ class Fitter {
       const auto words = split(line, ' ');
       return std::all_of(words.begin(), words.end(), [this](const std::string& word) { return isNarrow(word); });
     });
+  }
+
+  // An address with more lines than the label has: the shortest neighbours share one, so that none of them is missing,
+  // and the last of them, the city, least of all.
+  static std::vector<std::string> joined(std::vector<std::string> lines, std::size_t most) {
+    while (lines.size() > most) {
+      std::size_t shortest = 0;
+      for (std::size_t i = 1; i + 1 < lines.size(); ++i)
+        if (lines[i].size() + lines[i + 1].size() < lines[shortest].size() + lines[shortest + 1].size())
+          shortest = i;
+      const auto second = lines.begin() + static_cast<std::ptrdiff_t>(shortest) + 1;
+      lines[shortest] += ", " + *second;
+      lines.erase(second);
+    }
+    return lines;
   }
 
   // Each line of the address gets one line of the label, and the first ones that are too long get what is left.
