@@ -10,6 +10,7 @@
 #include "documents/editor/rich_text_box.h"
 #include "ui/control_view.h"
 #include "ui/style.h"
+#include "ui/writing/letter_flow.h"
 #include "ui/writing/qt_letter.h"
 #include "ui/writing/text_formats.h"
 
@@ -26,12 +27,18 @@ class Paper : public QTextEdit {
     viewport()->setAcceptDrops(false);
     setLineWrapMode(QTextEdit::FixedPixelWidth);
     setAccessibleName(QStringLiteral("Letter"));
+    setFrameShape(QFrame::NoFrame);
+    setAutoFillBackground(true);
     // A letter is black on white on any desktop, as it will be on paper.
     QPalette colours = palette();
+    colours.setColor(QPalette::Window, colours.color(QPalette::Mid));  // what the sheet lies on, as in the preview
     colours.setColor(QPalette::Base, Qt::white);
     colours.setColor(QPalette::Text, Qt::black);
     setPalette(colours);
     document()->setDocumentMargin(kRoom);
+    auto* flow = new LetterFlow(document());
+    flow->setPaintDevice(viewport());
+    document()->setDocumentLayout(flow);
   }
   static constexpr int kRoom = 24;
 

@@ -59,7 +59,7 @@ void LabelFrm::fillCatalogue() {
   if (Combo1.items.empty())
     Combo1.items = {LabelLayout{}.description};
   const bool known = std::find(Combo1.items.begin(), Combo1.items.end(), settings_.name) != Combo1.items.end();
-  Combo1.text = known ? settings_.name : "";
+  Combo1.text = known ? settings_.name : settings_.layout.description;
 }
 
 void LabelFrm::chooseLayout() {

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "ui/qt_text.h"
+#include "ui/writing/text_blocks.h"
 #include "ui/writing/text_formats.h"
 
 namespace zelvo {
@@ -121,13 +122,8 @@ QtLetter::Share shareOf(const QTextBlock& block) {
   return {breaks + (paragraph ? 1 : 0), paragraph ? 1u : 0u};
 }
 
-QtLetter::Span spanOf(const QTextTable& table) {
-  const QTextDocument& text = *table.document();
-  return {text.findBlock(table.firstPosition()).blockNumber(), text.findBlock(table.lastPosition()).blockNumber()};
-}
-
 // A table gives its row with the first of its blocks.
-void countTable(QtLetter::Span span, std::vector<QtLetter::Share>& shares) {
+void countTable(BlockSpan span, std::vector<QtLetter::Share>& shares) {
   shares.push_back({1, 1});
   shares.resize(shares.size() + static_cast<std::size_t>(span.last - span.first), {0, 1});
 }
@@ -227,9 +223,7 @@ void QtLetter::showRow(QTextCursor& cursor, const TableRow& row) {
   format.setProperty(kRow, static_cast<int>(rows_.size() - 1));
   QTextTable* table = cursor.insertTable(1, static_cast<int>(row.cells.size()), format);
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
-    QTextTableCell place = table->cellAt(0, static_cast<int>(i));
-    place.setFormat(formatOf(row.cells[i], row.padding));
-    QTextCursor inside = place.firstCursorPosition();
+    QTextCursor inside = table->cellAt(0, static_cast<int>(i)).firstCursorPosition();
     fresh_ = true;
     for (const Paragraph& paragraph : row.cells[i].paragraphs)
       showParagraph(inside, paragraph);
@@ -248,10 +242,11 @@ bool QtLetter::showPart(const std::vector<Block>& body, std::size_t at, std::siz
   if (gone == 0 || come.empty() || shares.size() < gone || !std::ranges::all_of(shares.first(gone), plain) ||
       !std::ranges::all_of(come, paragraph))
     return gone == 0 && come.empty();
+  const QTextBlock begin = text.findBlockByNumber(static_cast<int>(first));
   const QTextBlock last = text.findBlockByNumber(static_cast<int>(first + gone - 1));
-  QTextCursor cursor(text.findBlockByNumber(static_cast<int>(first)));
-  if (text.frameAt(cursor.position()) != text.rootFrame() || text.frameAt(last.position()) != text.rootFrame())
+  if (tableOf(begin) || tableOf(last))
     return false;
+  QTextCursor cursor(begin);
   cursor.beginEditBlock();
   cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
   cursor.removeSelectedText();
@@ -269,28 +264,18 @@ Document QtLetter::read(const QTextDocument& text) const {
   return letter;
 }
 
-// The whole text once, which is the quickest way to know which blocks lie in tables.
 void QtLetter::count(const QTextDocument& text) {
   shares_.clear();
-  for (auto part = text.rootFrame()->begin(); !part.atEnd(); ++part) {
-    if (const auto* table = qobject_cast<const QTextTable*>(part.currentFrame()))
-      countTable(spanOf(*table), shares_);
-    else if (part.currentBlock().isValid())
-      shares_.push_back(shareOf(part.currentBlock()));
-  }
+  eachPart(
+      text, {0, text.blockCount() - 1}, [this](const QTextBlock& block) { shares_.push_back(shareOf(block)); },
+      [this](const QTextTable& table) { countTable(spanOf(table), shares_); });
 }
 
-// A span that begins or ends in a table is read with all of the table.
-QtLetter::Reading QtLetter::readSpan(const QTextDocument& text, Span span) const {
+QtLetter::Reading QtLetter::readSpan(const QTextDocument& text, BlockSpan span) const {
   Reading reading;
-  for (QTextBlock block = text.findBlockByNumber(span.first); block.isValid() && block.blockNumber() <= span.last;) {
-    const auto* table = qobject_cast<const QTextTable*>(text.frameAt(block.position()));
-    if (table)
-      readTable(*table, reading);
-    else
-      readBlock(block, reading);
-    block = table ? text.findBlock(table->lastPosition() + 1) : block.next();
-  }
+  eachPart(
+      text, span, [&](const QTextBlock& block) { readBlock(block, reading); },
+      [&](const QTextTable& table) { readTable(table, reading); });
   return reading;
 }
 
@@ -345,10 +330,7 @@ TableRow QtLetter::readRow(const QTextTable& table) const {
 }
 
 void QtLetter::noteChange(const QTextDocument& text, int from, int added) {
-  const auto blockAt = [&text](int position) {
-    return text.findBlock(std::min(position, text.characterCount() - 1)).blockNumber();
-  };
-  Span span{blockAt(from), blockAt(from + added)};
+  BlockSpan span = changedSpan(text, from, added);
   if (changed_) {  // an earlier one may have moved
     const int grown = text.blockCount() - counted_;
     span.first = std::min(span.first, changed_->first);
@@ -361,12 +343,7 @@ void QtLetter::noteChange(const QTextDocument& text, int from, int added) {
 BodyChange QtLetter::takeChange(const QTextDocument& text) {
   if (!changed_)
     return {};
-  Span span = *std::exchange(changed_, std::nullopt);
-  for (const int number : {span.first, span.last})
-    if (const auto* table = qobject_cast<const QTextTable*>(text.frameAt(text.findBlockByNumber(number).position()))) {
-      span.first = std::min(span.first, spanOf(*table).first);
-      span.last = std::max(span.last, spanOf(*table).last);
-    }
+  const BlockSpan span = withTables(text, *std::exchange(changed_, std::nullopt));
   Reading reading = readSpan(text, span);
   const auto behind = shares_.size() - static_cast<std::size_t>(text.blockCount() - 1 - span.last);
   const std::size_t at = blocksBefore(span.first);

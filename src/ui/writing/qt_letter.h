@@ -7,12 +7,12 @@
 
 #include "documents/editor/body_change.h"
 #include "documents/editor/text_places.h"
+#include "ui/writing/text_blocks.h"
 
 class QTextBlock;
 class QTextBlockFormat;
 class QTextCharFormat;
 class QTextCursor;
-class QTextDocument;
 class QTextTable;
 class QTextTableFormat;
 
@@ -26,10 +26,6 @@ class QtLetter {
   /// How many blocks and paragraphs of the letter a block of the text is.
   struct Share {
     std::uint32_t blocks = 0, paragraphs = 0;
-  };
-  /// Blocks of the text, by their numbers.
-  struct Span {
-    int first = 0, last = -1;
   };
 
   /// Fills the text with a letter, whatever it held.
@@ -69,7 +65,7 @@ class QtLetter {
   void showBreak(QTextCursor& cursor, int kind, std::size_t index);
   void showRun(QTextCursor& cursor, const Run& run);
   void count(const QTextDocument& text);
-  Reading readSpan(const QTextDocument& text, Span span) const;
+  Reading readSpan(const QTextDocument& text, BlockSpan span) const;
   void readBlock(const QTextBlock& block, Reading& reading) const;
   Paragraph readParagraph(const QTextBlock& block) const;
   void readTable(const QTextTable& table, Reading& reading) const;
@@ -84,7 +80,7 @@ class QtLetter {
   std::vector<std::shared_ptr<const Picture>> pictures_;
   bool fresh_ = true;          // the block at the cursor is still unused
   std::vector<Share> shares_;  // of the blocks of the text as it was last read
-  std::optional<Span> changed_;
+  std::optional<BlockSpan> changed_;
   int counted_ = 0;  // blocks of the text when that was noted
   mutable std::size_t blocksRead_ = 0;
 };

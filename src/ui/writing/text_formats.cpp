@@ -7,6 +7,8 @@ namespace zelvo {
 
 namespace {
 
+constexpr int kCellLooks = QTextFormat::UserProperty + 1000;  // of the columns, one behind the other
+
 QColor colourOf(const Colour& colour) {
   return {colour.red, colour.green, colour.blue};
 }
@@ -51,6 +53,25 @@ void setLine(QTextBlockFormat& format, const ParagraphStyle& style) {
   else
     format.setLineHeight(pixelsOf(style.line), style.lineRule == LineRule::Exact ? QTextBlockFormat::FixedHeight
                                                                                  : QTextBlockFormat::MinimumHeight);
+}
+
+QTextTableCellFormat formatOf(const Cell& cell, int padding) {
+  QTextTableCellFormat format;
+  format.setLeftPadding(pixelsOf(padding));
+  format.setRightPadding(pixelsOf(padding));
+  if (cell.shade)
+    format.setBackground(colourOf(*cell.shade));
+  if (cell.place != VerticalPlace::Top)
+    format.setVerticalAlignment(cell.place == VerticalPlace::Middle ? QTextCharFormat::AlignMiddle
+                                                                    : QTextCharFormat::AlignBottom);
+  const auto width = [](const Border& border) { return border.width > 0 ? std::max(1.0, pixelsOf(border.width)) : 0; };
+  format.setTopBorder(width(cell.top));
+  format.setBottomBorder(width(cell.bottom));
+  format.setLeftBorder(width(cell.left));
+  format.setRightBorder(width(cell.rightBorder));
+  format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+  format.setBorderBrush(QBrush(colourOf(cell.top.width > 0 ? cell.top.colour : cell.bottom.colour)));
+  return format;
 }
 
 }  // namespace
@@ -144,28 +165,15 @@ QTextTableFormat formatOf(const TableRow& row) {
   for (const Cell& cell : row.cells) {
     widths.append(QTextLength(QTextLength::FixedLength, std::max(1.0, pixelsOf(cell.right - left))));
     left = cell.right;
+    const QTextFormat look = formatOf(cell, row.padding);
+    format.setProperty(kCellLooks + static_cast<int>(widths.size()) - 1, QVariant::fromValue(look));
   }
   format.setColumnWidthConstraints(widths);
   return format;
 }
 
-QTextTableCellFormat formatOf(const Cell& cell, int padding) {
-  QTextTableCellFormat format;
-  format.setLeftPadding(pixelsOf(padding));
-  format.setRightPadding(pixelsOf(padding));
-  if (cell.shade)
-    format.setBackground(colourOf(*cell.shade));
-  if (cell.place != VerticalPlace::Top)
-    format.setVerticalAlignment(cell.place == VerticalPlace::Middle ? QTextCharFormat::AlignMiddle
-                                                                    : QTextCharFormat::AlignBottom);
-  const auto width = [](const Border& border) { return border.width > 0 ? std::max(1.0, pixelsOf(border.width)) : 0; };
-  format.setTopBorder(width(cell.top));
-  format.setBottomBorder(width(cell.bottom));
-  format.setLeftBorder(width(cell.left));
-  format.setRightBorder(width(cell.rightBorder));
-  format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-  format.setBorderBrush(QBrush(colourOf(cell.top.width > 0 ? cell.top.colour : cell.bottom.colour)));
-  return format;
+QTextTableCellFormat cellFormatOf(const QTextTable& table, int column) {
+  return qvariant_cast<QTextFormat>(table.format().property(kCellLooks + column)).toTableCellFormat();
 }
 
 }  // namespace zelvo

@@ -20,6 +20,8 @@ TextStyle styleOf(const QTextCharFormat& format);
 QTextBlockFormat formatOf(const ParagraphStyle& style);
 Alignment alignmentOf(const QTextBlockFormat& format);
 QTextTableFormat formatOf(const TableRow& row);
-QTextTableCellFormat formatOf(const Cell& cell, int padding);
+/// The look of a cell of a table that was shown as such a row. The widget's own formats of cells give way to that of
+/// the first words in them.
+QTextTableCellFormat cellFormatOf(const QTextTable& table, int column);
 
 }  // namespace zelvo
