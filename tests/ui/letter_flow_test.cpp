@@ -78,17 +78,22 @@ TEST(LetterFlow, CellsStandBesideEachOtherAndTheirTextWhereTheRowHasIt) {
   Sheet sheet(readDocument(
       "{\\rtf1 Above\\par\\trowd\\cellx3000\\clvertalc\\cellx6000\\clvertalb\\cellx9000\\pard\\intbl one\\par two\\par "
       "three\\cell middle\\cell bottom\\cell\\row\\pard Below\\par}"));
-  QRectF one, three, middle, bottom, below;
+  QRectF above, one, three, middle, bottom, below;
   for (QTextBlock block = sheet.text.begin(); block.isValid(); block = block.next())
-    for (const auto& [words, box] :
-         {std::pair{"one", &one}, {"three", &three}, {"middle", &middle}, {"bottom", &bottom}, {"Below", &below}})
+    for (const auto& [words, box] : {std::pair{"Above", &above},
+                                     {"one", &one},
+                                     {"three", &three},
+                                     {"middle", &middle},
+                                     {"bottom", &bottom},
+                                     {"Below", &below}})
       if (block.text() == QLatin1String(words))
         *box = sheet.flow->blockBoundingRect(block);
   EXPECT_NEAR(middle.left() - one.left(), 200, 1);
   EXPECT_NEAR(bottom.left() - one.left(), 400, 1);
   EXPECT_NEAR(middle.center().y(), (one.top() + three.bottom()) / 2, 1);
   EXPECT_NEAR(bottom.bottom(), three.bottom(), 1);
-  EXPECT_GE(below.top(), three.bottom());
+  EXPECT_NEAR(one.top(), above.bottom(), 1) << "no empty line before the table";
+  EXPECT_NEAR(below.top(), three.bottom(), 1);
 }
 
 TEST(LetterFlow, WhatIsDrawnIsWhereItStands) {

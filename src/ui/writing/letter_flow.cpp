@@ -41,6 +41,12 @@ double layOutBlock(const QTextBlock& block, double width) {
   return y + format.bottomMargin();
 }
 
+// The empty line that the widget needs before a table takes no room: the letter has none there. The first block of a
+// table is the one whose look names the table.
+bool isBeforeTable(const QTextBlock& block) {
+  return block.length() == 1 && block.next().isValid() && block.next().charFormat().objectIndex() >= 0;
+}
+
 // What of a block is selected, and in which look.
 QList<QTextLayout::FormatRange> selectedIn(const QTextBlock& block,
                                            const QAbstractTextDocumentLayout::PaintContext& context) {
@@ -182,7 +188,7 @@ void LetterFlow::layOutTable(const QTextTable& table, std::vector<Part>& parts) 
 void LetterFlow::layOut(BlockSpan span, std::vector<Part>& parts) const {
   const auto block = [&](const QTextBlock& one) {
     const double height = layOutBlock(one, lineWidth());
-    parts.push_back({height, height, false});
+    parts.push_back({isBeforeTable(one) ? 0 : height, height, false});
   };
   eachPart(*document(), span, block, [&](const QTextTable& table) { layOutTable(table, parts); });
 }
@@ -190,7 +196,9 @@ void LetterFlow::layOut(BlockSpan span, std::vector<Part>& parts) const {
 void LetterFlow::documentChanged(int from, int, int added) {
   const int count = document()->blockCount();
   const int was = static_cast<int>(parts_.size());
-  BlockSpan span = withTables(*document(), changedSpan(*document(), from, added));
+  BlockSpan span = changedSpan(*document(), from, added);
+  span.first = std::max(0, span.first - 1);  // it may stand before a table from now on, or no more
+  span = withTables(*document(), span);
   int behind = was - (count - 1 - span.last);
   if (behind < span.first || span.first > was) {  // another text
     span = {0, count - 1};
