@@ -17,6 +17,10 @@ void appendRtfHex(std::string& rtf, std::string_view bytes);
 /// A picture as a group of its own.
 std::string rtfPicture(const Picture& picture);
 
+/// "Page 2 of 7", for the foot of every page.
+inline constexpr std::string_view kRtfPageNumber =
+    "Page {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} of {\\field{\\*\\fldinst NUMPAGES}{\\fldrslt 1}}";
+
 /// The characters of a text with every kind of line end as one "\n", without control characters other than tabs.
 std::u32string letterCharacters(std::string_view text);
 

@@ -17,8 +17,8 @@ std::string richText(std::string_view type) {
       "{\\rtf1\\ansi\\uc1{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
       "\\pard\\plain\\qc\\f0\\fs28\\b CHECKLIST " +
       std::string(type) +
-      "\\b0\\par\r\n\\pard\\plain\\sb240\\sa180\\f0\\fs22 Permit ____________  Date ____________  Inspector "
-      "____________________\\par\r\n";
+      "\\b0\\par\r\n\\pard\\plain\\sb240\\sa180\\f0\\fs22 {\\b Permit:} %12   {\\b ICN:} %01   {\\b Date:} %02   "
+      "{\\b Inspector:} %11\\par\r\n\\pard\\plain\\sa180\\f0\\fs22 %05, parcel %sbl\\par\r\n";
   for (const std::string_view item : kItems)
     rtf += "\\pard\\plain\\sa120\\f0\\fs22 [  ] yes   [  ] no   " + std::string(item) + "\\par\r\n";
   return rtf + "\\pard\\plain\\sb240\\f0\\fs22 Remarks:\\par\r\n}";

@@ -11,7 +11,8 @@ namespace {
 
 struct Inspection {
   std::string number;
-  std::optional<Permit> permit;  ///< none for a complaint
+  std::string_view category;
+  std::optional<Permit> permit;  ///< none for a complaint, and for many of another kind
   Parcel parcel;
   Person complainant;
   Date date;
@@ -19,7 +20,7 @@ struct Inspection {
   std::string comments, nature;
   int minute = 0;
 
-  bool isComplaint() const { return !permit; }
+  bool isComplaint() const { return category == "C"; }
   bool isResolved() const { return result == "R"; }
 };
 
@@ -35,7 +36,7 @@ constexpr TownCell<Inspection> kInspectionCells[] = {
     {"PERMIT", [](const Inspection& i) -> Value { return permitPart(i, &Permit::number); }},
     {"BLDGPERMYY", [](const Inspection& i) -> Value { return permitPart(i, &Permit::year); }},
     {"BLDGPRM", [](const Inspection& i) -> Value { return permitPart(i, &Permit::sequence); }},
-    {"INSPCATEG", [](const Inspection& i) -> Value { return i.isComplaint() ? "C" : "B"; }},
+    {"INSPCATEG", [](const Inspection& i) -> Value { return i.category; }},
     {"INSPTYPE", [](const Inspection& i) -> Value { return i.type; }},
     {"INSPMONT", [](const Inspection& i) -> Value { return std::to_string(i.date.month); }},
     {"INSPYEAR", [](const Inspection& i) -> Value { return std::to_string(i.date.year); }},
@@ -73,6 +74,9 @@ constexpr std::string_view kComments[] = {"As drawn.",
                                           "Insulation certificate posted."};
 constexpr std::string_view kFaults[] = {"Footing not below frost line.", "Joist hangers missing.",
                                         "No smoke detector in hall.", "Work covered before inspection."};
+constexpr std::string_view kOtherComments[] = {
+    "Set back four feet from the walk as approved; owner to plant the strip before the end of May.",
+    "Culvert pipe 15 inches, as the highway department asked.", "Taken down the next morning."};
 constexpr std::string_view kComplaints[] = {
     "Rubbish piled beside the road.",  "Loud work before seven in the morning.",
     "Tree leaning over the sidewalk.", "Water runs from the lot onto the road.",
@@ -88,44 +92,57 @@ void complain(Inspection& inspection, Dice& dice) {
     inspection.nature += "*** RESOLVED " + std::string(dice.pick(kOutcomes)) + " **";
 }
 
+std::string_view resultOf(int draw) {
+  return draw <= 82 ? "P" : draw <= 91 ? "F" : draw <= 97 ? "I" : "E";
+}
+
 // A permit is seldom closed over a failed inspection.
 void inspect(Inspection& inspection, Dice& dice) {
-  const int draw = inspection.permit->closed && dice.chance(75) ? 1 : dice.between(1, 100);
+  inspection.result = resultOf(inspection.permit->closed && dice.chance(75) ? 1 : dice.between(1, 100));
   inspection.type = dice.pick(kBuildingInspections);
-  inspection.result = draw <= 82 ? "P" : draw <= 91 ? "F" : draw <= 97 ? "I" : "E";
   inspection.comments = inspection.result == "F" ? dice.pick(kFaults) : dice.pick(kComments);
 }
 
-constexpr std::size_t kEachComplaint = 10;
+void inspectOther(Inspection& inspection, Dice& dice) {
+  inspection.result = resultOf(dice.between(1, 100));
+  inspection.type = dice.pick(kOtherInspections);
+  inspection.comments = dice.pick(kOtherComments);
+}
 
-// Two permits have three inspections between them, every tenth of which is a complaint about any parcel instead.
+constexpr std::size_t kRound = 10, kComplaintOfRound = 9, kOtherOfRound = 4;
+
+std::string_view categoryAt(std::size_t index) {
+  return index % kRound == kComplaintOfRound ? "C" : index % kRound == kOtherOfRound ? "O" : "B";
+}
+
+// Two permits have three inspections between them. One of ten is a complaint about any parcel instead, and one an
+// inspection of another kind, which belongs to the permit every second time.
 Inspection inspectionAt(const TownPlan& plan, std::size_t index) {
   Dice dice(plan.seed, Subject::Inspection, index);
   Inspection inspection;
   const Permit permit = permitAt(plan, index * 2 / 3);
-  const bool complaint = index % kEachComplaint == kEachComplaint - 1;
+  inspection.category = categoryAt(index);
   inspection.number = std::to_string(index + 1);
   inspection.inspector = dice.pick(kInspectors);
   inspection.minute = permit.minute;
   inspection.date = std::min(addDays(permit.filed, dice.between(5, 40)), kTownToday);
-  inspection.parcel = complaint ? parcelAt(plan.seed, dice.below(plan.parcels)) : permit.parcel;
-  if (!complaint)
+  inspection.parcel = inspection.isComplaint() ? parcelAt(plan.seed, dice.below(plan.parcels)) : permit.parcel;
+  if (inspection.category == "B" || (inspection.category == "O" && index % (2 * kRound) < kRound))
     inspection.permit = permit;
-  complaint ? complain(inspection, dice) : inspect(inspection, dice);
+  const auto fill = inspection.category == "B" ? inspect : inspection.category == "O" ? inspectOther : complain;
+  fill(inspection, dice);
   return inspection;
 }
 
-// As the inspections screen does it on every store: the latest result stands.
+// As the inspections screen does it on every store: that an inspection passes takes no flag away.
 void raiseFlag(const Inspection& inspection, TownNotes::OfParcel& parcel) {
   constexpr std::int8_t failed = 1, complaint = 2;
   if (inspection.isComplaint())
     parcel.failed = inspection.isResolved() ? std::int8_t{0} : complaint;
   else if (inspection.result == "F")
     parcel.failed = failed;
-  else if (inspection.result == "P")
-    parcel.failed = 0;
   if (parcel.failed != 0)
-    parcel.note = "ICN " + inspection.number + ": " + inspection.comments + inspection.nature;
+    parcel.note = "ICN " + inspection.number;
 }
 
 }  // namespace

@@ -14,8 +14,6 @@ namespace {
 
 constexpr int kShortSide = 12240, kLongSide = 15840;  // of letter paper, in twips
 constexpr int kFooterFromEdge = 360;
-constexpr std::string_view kPageNumber =
-    "Page {\\field{\\*\\fldinst PAGE}{\\fldrslt 1}} of {\\field{\\*\\fldinst NUMPAGES}{\\fldrslt 1}}";
 
 std::string word(std::string_view name, int number) {
   return "\\" + std::string(name) + std::to_string(number);
@@ -96,7 +94,7 @@ class ReportWriter {
     setUp += "{\\header" + titleParagraph() + "\\par\r\n" + look() + "\\par\r\n" + heads() + "\\par}\r\n";
     if (!heading_.hasFooter())
       for (const char* footer : {"footer", "footerf"})
-        setUp += "{\\" + std::string(footer) + look("\\qr") + std::string(kPageNumber) + "\\par}\r\n";
+        setUp += "{\\" + std::string(footer) + look("\\qr") + std::string(kRtfPageNumber) + "\\par}\r\n";
     return setUp;
   }
 

@@ -3,6 +3,7 @@
 
 #include "base/files.h"
 #include "base/text.h"
+#include "data/parcel_key.h"
 #include "data/query_text.h"
 #include "documents/print_frm.h"
 #include "documents/reports/report_heading.h"
@@ -20,10 +21,18 @@ using namespace inspection_box;
 namespace {
 
 constexpr std::string_view kLineSize = "\\fs18 ";  // 9 point
-constexpr std::size_t kValueWidth = 70;            // what stands behind a label of a record line
+constexpr std::size_t kValueWidth = 59;            // behind a label, on paper with margins of 1.25 inches
 
 std::string_view headingOf(std::string_view category) {
   return upper(category) == "B" ? "\\inspbhead.rtf" : upper(category) == "O" ? "\\inspohead.rtf" : "";
+}
+
+std::string letterDate(const DatePicker& picker) {
+  return picker.date ? datePicture(*picker.date, "mm/dd/yy") : "";
+}
+
+std::string pickedText(const Combo& combo) {
+  return trim(combo.text) == kSelect ? "" : combo.text;
 }
 
 std::string asRichLines(int font, const std::vector<std::string>& lines) {
@@ -37,36 +46,38 @@ std::string asRichLines(int font, const std::vector<std::string>& lines) {
 
 // ---- what the letters are filled with
 
-// docs/letters.md lists the values for the office.
+// docs/letters.md lists the values for the office. They are those on the screen: a checklist is filled before its
+// inspection is stored.
 void BInspections::fillContext(MergeContext& context) {
-  const Recordset& row = records();
+  const auto box = [this](int index) { return boxText(*this, index); };
   const bool complaint = isCategory("COMPLAINT");
-  context.parcel = parcelOf(row);
-  const std::string values[] = {row.text("RECNO"),
-                                reportDate(row, "DATEINSP"),
-                                reportDate(row, "INSPDATE"),
-                                row.text("OWNNAME1"),
-                                row.text("OWNADDR1"),
-                                row.text("OWNPHONE"),
+  ParcelParts parts;
+  context.parcel = SBLfilled(*this) ? mysbl2SBL(MakeSBL(*this), parts) : "";
+  const std::string values[] = {box(1),
+                                letterDate(DTPicker1),
+                                letterDate(DTPicker2),
+                                box(kOwner),
+                                box(kLocation),
+                                box(kPhone),
                                 context.parcel,
-                                Combo1.text,
-                                Combo2.text,
-                                Combo4.text,
-                                row.text("INSPINIT"),
-                                row.text("PERMIT"),
-                                row.text("COMNAME1"),
-                                row.text("COMADDR1"),
-                                row.text("COMPHONE"),
-                                row.text("INSPCOMM1"),
-                                row.text("NATURE"),
-                                reportDate(row, "NRECNO"),
-                                row.text("INSVEST"),
-                                row.text("NOTES")};
+                                pickedText(Combo1),
+                                pickedText(Combo2),
+                                pickedText(Combo4),
+                                pickedText(Combo3),
+                                box(kPermit),
+                                box(kComplainant),
+                                box(kComplainantAddress),
+                                box(kComplainantPhone),
+                                box(kComments),
+                                box(kNature),
+                                letterDate(DTPicker3),
+                                pickedText(Combo5),
+                                box(kNotes)};
   context.values.fill("");
   std::copy(std::begin(values), std::end(values), context.values.begin() + 1);
-  splitAddress(row.text(complaint ? "COMADDR1" : "OWNADDR1"), context);
-  context.name = row.text(complaint ? "COMNAME1" : "OWNNAME1");
-  context.ln = context.id = row.text("RECNO");
+  splitAddress(box(complaint ? kComplainantAddress : kLocation), context);
+  context.name = box(complaint ? kComplainant : kOwner);
+  context.ln = context.id = box(1);
   context.mi = desk.session.municipality.name;
   context.ms = desk.session.userId;
   context.me = desk.session.municipality.telephone;
@@ -191,7 +202,7 @@ Result<void> BInspections::openChecklist(const std::string& path) {
   }
   const auto rtf = readBytes(path);
   const bool stored = mode() == Mode::Browse && !dbisempty();
-  const auto filled = rtf && stored ? PlugVars(*rtf) : rtf;
+  const auto filled = rtf ? PlugVars(*rtf) : rtf;
   return filled ? letters_.openText(*filled, "Checklist", stored ? keeper() : KeepCopy()) : filled.error();
 }
 

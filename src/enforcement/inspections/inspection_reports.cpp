@@ -19,15 +19,21 @@ namespace {
 
 constexpr std::string_view kParcel = "SBL";  // put together from the parts that the row holds
 
+// The day that an inspection is due leads where that is what is listed.
+constexpr ReportColumn kNextColumns[] = {
+    {"ICN", "RECNO", 7},     {"NEXT", "INSPDATE", 8},      {"DATE", "DATEINSP", 8},  {"S-B-L", kParcel, 13},
+    {"PERMIT", "PERMIT", 8}, {"LOCATION", "OWNADDR1", 20}, {"TYPE", "INSPTYPE", 18}, {"RESULT", "INSPRESULT", 10},
+    {"BY", "INSPINIT", 14},  {"COMMENTS", "INSPCOMM1", 25}};
 constexpr ReportColumn kColumns[] = {
-    {"ICN", "RECNO", 7},     {"DATE", "DATEINSP", 8},      {"NEXT", "INSPDATE", 8},  {"S-B-L", kParcel, 14},
-    {"PERMIT", "PERMIT", 9}, {"LOCATION", "OWNADDR1", 20}, {"TYPE", "INSPTYPE", 16}, {"RESULT", "INSPRESULT", 10},
-    {"BY", "INSPINIT", 12},  {"COMMENTS", "INSPCOMM1", 26}};
+    {"ICN", "RECNO", 7},          {"DATE", "DATEINSP", 8},      {"S-B-L", kParcel, 13},
+    {"PERMIT", "PERMIT", 8},      {"LOCATION", "OWNADDR1", 20}, {"TYPE", "INSPTYPE", 18},
+    {"RESULT", "INSPRESULT", 10}, {"BY", "INSPINIT", 14},       {"COMMENTS", "INSPCOMM1", 35}};
 constexpr ReportColumn kComplaintColumns[] = {
     {"ICN", "RECNO", 7},       {"DATE", "NRECNO", 8},           {"S-B-L", kParcel, 14},
     {"OWNER", "OWNNAME1", 20}, {"COMPLAINANT", "COMNAME1", 20}, {"INV.ASSGN", "INSVEST", 14},
     {"RES", "INSPRESULT", 10}, {"COMPLAINT", "NATURE", 40}};
 
+constexpr ReportKind kNextListing{.header = {}, .columns = kNextColumns};
 constexpr ReportKind kListing{.header = {}, .columns = kColumns};
 constexpr ReportKind kFieldListing{.header = "\\inspdhead.rtf", .columns = kColumns};
 constexpr ReportKind kComplaintListing{.header = {}, .columns = kComplaintColumns};
@@ -70,27 +76,27 @@ Listing byType(const InspectionReportWish& wish) {
   if (!wish.type.empty())
     condition = columnIs("INSPTYPE", wish.type) + " and " + condition;
   if (wish.category == "C")
-    return {condition, "RECNO", "COMPLAINTS ", kComplaintListing};
-  return {condition, "RECNO", wish.category == "B" ? "BUILDING CATEGORY" : "OTHER CATEGORY", kListing};
+    return {condition, "[NRECNO], [RECNO]", "COMPLAINTS ", kComplaintListing};
+  return {condition, "[DATEINSP], [RECNO]", wish.category == "B" ? "BUILDING CATEGORY" : "OTHER CATEGORY", kListing};
 }
 
 Listing monthly(const InspectionReportWish& wish) {
   return {"[INSPMONT] = " + std::to_string(wish.from.month) + " and [INSPYEAR] = " + std::to_string(wish.from.year) +
               " and [INSPCATEG] <> 'C'",
-          "INSPMONT", "FIELD INSPECTIONS FOR " + monthWords(wish.from), kFieldListing};
+          "[INSPMONT], [DATEINSP]", "FIELD INSPECTIONS FOR " + monthWords(wish.from), kFieldListing};
 }
 
 Listing complaints(const InspectionReportWish& wish, Date after, Date before, std::string title) {
   std::string condition = "[NATURE] <> '' and " + between("NRECNO", after, before);
   if (!wish.investigator.empty())
     condition += " and " + columnLike("INSVEST", "%" + wish.investigator + "%");
-  return {condition, "NRECNO", std::move(title), kComplaintListing};
+  return {condition, "[NRECNO]", std::move(title), kComplaintListing};
 }
 
 Listing listingFor(const InspectionReportWish& wish) {
   switch (wish.report) {
     case InspectionReport::NextDates:
-      return {between("INSPDATE", wish.from, wish.to), "INSPDATE", "NEXT INSPECTION DATE REPORT", kListing};
+      return {between("INSPDATE", wish.from, wish.to), "[INSPDATE]", "NEXT INSPECTION DATE REPORT", kNextListing};
     case InspectionReport::ByType:
       return byType(wish);
     case InspectionReport::Monthly:
@@ -105,21 +111,6 @@ Listing listingFor(const InspectionReportWish& wish) {
   return complaints(wish, addDays(firstOf(wish.from), -1), firstOfNext(wish.from),
                     "COMPLAINTS FOR " + monthWords(wish.from));
 }
-
-/// The rows of a listing without those that were voided.
-class StandingRows : public RecordReportRows {
- public:
-  StandingRows(Recordset& records, std::span<const ReportColumn> columns)
-      : RecordReportRows(records, columns, shownValue), records_(records) {}
-  bool next(std::vector<std::string>& values) override {
-    while (!records_.Eof() && records_.text("STATUS") == "V")
-      records_.MoveNext();
-    return RecordReportRows::next(values);
-  }
-
- private:
-  Recordset& records_;
-};
 
 bool isVerbose(const InspectionReportWish& wish) {
   return wish.output == ReportOutput::Printer &&
@@ -149,13 +140,14 @@ Result<void> listInspections(Desk& desk, LetterPrinter& letters) {
   if (!connection)
     return connection.error();
   const Listing listing = listingFor(wish);
-  const auto found = Recordset::open(
-      *connection, "Select * from INSPDTL where " + listing.condition + " order by [" + listing.order + "]");
+  const auto found =
+      Recordset::open(*connection, "Select * from INSPDTL where " + listing.condition + " order by " + listing.order);
   if (!found)
     return found.error();
   if (isVerbose(wish))
     return printComplaints(desk, letters, **found, listing.title);
-  StandingRows rows(**found, listing.kind.columns);
+  RecordReportRows rows(**found, listing.kind.columns, shownValue);
+  rows.wanted = [](const Recordset& row) { return row.text("STATUS") != "V"; };
   return ReportPrinter(desk, letters).run(listing.kind, listing.title, rows, wish.output);
 }
 

@@ -38,14 +38,6 @@ constexpr Listing listings[] = {
 
 class PermitListings : public SampleTown {
  protected:
-  /// The text on the pages of a printed document; nothing where no pages can be made.
-  std::string pagesOf(const std::string& rtf) {
-    const std::string pdf = folder.file("pages.pdf"), text = folder.file("pages.txt");
-    const std::string make = std::string(ZELVO_BIN) + "/zelvo-letter pdf '" + rtf + "' '" + pdf +
-                             "' 2>/dev/null && pdftotext -layout '" + pdf + "' '" + text + "'";
-    return std::system(make.c_str()) == 0 ? folder.read("pages.txt") : "";
-  }
-
   std::string rowsOf(const Listing& listing) {
     const std::string said = run(asClerk("query " + std::string(listing.file) + " " + listing.found + "\n"));
     const std::string line = linesWith(said, std::string(listing.file) + ": ");

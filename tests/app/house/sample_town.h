@@ -48,6 +48,14 @@ class SampleTown : public ::testing::Test {
            "set Text1(34) 14 Mill Road\n";
   }
 
+  /// The text on the pages of a printed document; nothing where no pages can be made.
+  std::string pagesOf(const std::string& rtf) {
+    const std::string pdf = folder.file("pages.pdf"), text = folder.file("pages.txt");
+    const std::string make = std::string(ZELVO_BIN) + "/zelvo-letter pdf '" + rtf + "' '" + pdf +
+                             "' 2>/dev/null && pdftotext -layout '" + pdf + "' '" + text + "'";
+    return std::system(make.c_str()) == 0 ? folder.read("pages.txt") : "";
+  }
+
   TempFolder folder;
 };
 
