@@ -110,6 +110,22 @@ TEST_F(InspectionOffice, TheNextNumberIsThatOfTheWholeTableAlsoForOnePermit) {
   EXPECT_EQ(at.shown(screen, "Text1(2)"), "12.5");
 }
 
+TEST_F(InspectionOffice, TextsAreTrimmedAndAResultThatIsNoneIsRefused) {
+  BInspections& screen = open();
+  begin(screen);
+  type(screen,
+       {{"Text1(7)", " 26-7 "}, {"Text1(9)", "  14 Mill Road "}, {"Text1(16)", " gate \n"}, {"Combo4", "Fine"}});
+  at.expect(" Inspection result", "\"Fine\" is no result of an inspection.\nPlease choose one from the list.");
+  at.click(screen, "IAdd");
+  EXPECT_EQ(screen.focus, &at.control(screen, "Combo4"));
+  type(screen, {{"Combo4", "failed"}});
+  at.click(screen, "IAdd");
+  const auto row = stored("1");
+  EXPECT_EQ(row->text("PERMIT") + row->text("OWNADDR1") + row->text("NOTES"), "26-714 Mill Roadgate");
+  EXPECT_EQ(flag(), "1 ICN 1");
+  EXPECT_EQ(at.shown(screen, "Combo4"), "Failed");
+}
+
 TEST_F(InspectionOffice, FlagsOfTheParcelFollowResultAndNature) {
   BInspections& screen = open();
   begin(screen, "f");
@@ -263,6 +279,51 @@ TEST_F(InspectionOffice, AFailedInspectionIsFollowedUpAndStaysInSight) {
   EXPECT_EQ(matters.rows->cell(1, 0) + " " + matters.rows->cell(1, 2), "V 8 Work without a permit: 14 Mill Road");
   at.click(screen, "ICancel");
   EXPECT_TRUE(at.control(screen, "iReinspect").enabled);
+}
+
+TEST_F(InspectionOffice, WhatPassedSinceOrLiesOnAnotherParcelIsNotOpen) {
+  struct Row {
+    const char *icn, *type, *result, *date, *suffix, *status;
+  };
+  const Row rows[] = {
+      {"1", "02 Footing", "F", "03/01/2026", "5", ""},      {"2", "02 footing", "P", "03/04/2026", "5", ""},
+      {"3", "02 Footing", "F", "03/05/2026", "5", ""},      {"4", "01 Plan Review", "F", "03/01/2026", "5", ""},
+      {"5", "01 Plan Review", "P", "03/06/2026", "5", "V"}, {"6", "03 Framing", "F", "03/07/2026", "5", "V"},
+      {"7", "03 Framing", "F", "03/07/2026", "6", ""},      {"8", "03 Framing", "F", "03/07/2026", "", ""}};
+  for (const Row& row : rows)
+    addRow("INSPDTL", {{"RECNO", row.icn},
+                       {"PERMIT", "26-7"},
+                       {"INSPTYPE", row.type},
+                       {"INSPRESULT", row.result},
+                       {"DATEINSP", row.date},
+                       {"SEC", "12"},
+                       {"SUD", row.suffix},
+                       {"BLK", "3"},
+                       {"LOT", "45"},
+                       {"STATUS", row.status}});
+  BInspections& screen = open();
+  const auto shown = [this, &screen](const char* section) {
+    begin(screen);
+    type(screen, {{"Text1(2)", section}});
+    at.leave(screen, "Text1(2)");
+    const auto& matters = dynamic_cast<ListView&>(at.control(screen, "ListView3"));
+    std::string keys;
+    for (std::size_t row = 0; row < matters.count(); ++row)
+      keys += matters.rows->cell(row, 0) + " ";
+    at.click(screen, "ICancel");
+    return keys;
+  };
+  EXPECT_EQ(shown("12.5"), "ICN 3 ICN 4 ");
+  EXPECT_EQ(shown("12"), "ICN 8 ") << "of the section itself, not of its parts";
+}
+
+TEST_F(InspectionOffice, ACopyOfAResolvedComplaintIsNotResolved) {
+  BInspections& screen = open();
+  complain(screen, "Loud*** RESOLVED nothing found **");
+  at.click(screen, "IAdd");
+  at.click(screen, "ICopy");
+  EXPECT_EQ(at.shown(screen, "Text1(15)"), "Loud");
+  at.click(screen, "ICancel");
 }
 
 TEST_F(InspectionOffice, VoidingAndTheWayToThePermit) {

@@ -15,7 +15,11 @@ using namespace inspection_box;
 namespace {
 
 constexpr std::string_view kPermitNotFound = "** PERMIT NOT FOUND **";
-constexpr std::string_view kResolvedMark = "**";
+constexpr std::string_view kResolution = "*** RESOLVED ", kResolvedMark = "**";
+
+std::string unresolved(const std::string& nature) {
+  return nature.substr(0, nature.find(kResolution));
+}
 
 std::optional<Date> givenDate(const Recordset& row, std::string_view column) {
   const auto moment = row.get(column).moment();
@@ -80,7 +84,9 @@ void BInspections::loadTypes() {
 
 // Old complaints have a code for their type.
 std::string BInspections::shownType(std::string_view stored) const {
-  const bool code = upper(Text1(kCategory).text) == "C" && length(stored) == 2;
+  const bool code = upper(Text1(kCategory).text) == "C" && length(stored) <= 2;
+  if (trim(stored).empty())
+    return std::string(kNoCode);
   return code ? BCode2Combo(stored, desk.session) : std::string(stored);
 }
 
@@ -100,12 +106,30 @@ void BInspections::BumpICN() {
 }
 
 bool BInspections::validateOwn() {
+  for (TextBox& box : Text1)
+    box.text = trim(box.text);
+  return isNumberGiven() && isResultGiven();
+}
+
+bool BInspections::isNumberGiven() {
   if (isNumber(boxText(*this, 1)))
     return true;
   desk.messages.tell(" Inspection not a Number",
                      "You cannot use non-numeric info in this field.\nThe ICN number entered must be numeric.",
                      Icon::Critical);
   setFocus(Text1(1), true);
+  return false;
+}
+
+// The first letter is what is stored: "Fine" would be a failed inspection.
+bool BInspections::isResultGiven() {
+  const std::string_view typed = trim(Combo4.text);
+  if (length(typed) == 1 || alike(typed, shownCode(Text1(kResult).text, RCode2Combo)))
+    return true;
+  desk.messages.tell(" Inspection result",
+                     "\"" + std::string(typed) + "\" is no result of an inspection.\nPlease choose one from the list.",
+                     Icon::Critical);
+  setFocus(Combo4, true);
   return false;
 }
 
@@ -176,7 +200,7 @@ void BInspections::storeResolution() {
   const std::string_view resolution = trim(Text2.text);
   const std::string nature = mode() == Mode::Edit ? heldNature_ : boxText(*this, kNature);
   if (!resolution.empty())
-    records().set("NATURE", nature + "*** RESOLVED " + std::string(resolution) + " **");
+    records().set("NATURE", nature + std::string(kResolution) + std::string(resolution) + " **");
 }
 
 // ---- the permit
@@ -259,6 +283,7 @@ void BInspections::clearForCopy() {
   Combo4.text = kSelect;
   Text1(kResult).text.clear();
   Text1(kComments).text.clear();
+  Text1(kNature).text = unresolved(Text1(kNature).text);
   Text2.text.clear();
   heldNature_.clear();
   DTPicker1.date = desk.clock.now().date;

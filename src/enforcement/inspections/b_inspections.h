@@ -47,6 +47,8 @@ class BInspections : public RecordScreen {
   void bumpKey() override { BumpICN(); }
   bool isNeeded(const RequiredBox& box) const override;
   bool validateOwn() override;
+  bool isNumberGiven();
+  bool isResultGiven();
   void leftParcel() override { showMatters(); }
   void enableOwnButtons(bool browsing) override;
   Result<void> storeAlong() override;
