@@ -117,15 +117,26 @@ bool AttachmentPage::attach(AttachmentKind kind, const std::string& source) {
                         Icon::Exclamation);
     return false;
   }
-  showKind(kind);
-  select(names_.size() - 1);
+  showAttached(kind);
   return true;
 }
 
+void AttachmentPage::showAttached(AttachmentKind kind) {
+  showKind(kind);
+  select(names_.size() - 1);
+}
+
+// One that cannot be attached keeps none of the others back.
 void AttachmentPage::drop(const std::vector<std::string>& files) {
+  saveCaption();
+  std::string troubles;
   for (const std::string& file : files)
-    if (!attach(kindOfFile(file), file))
-      return;
+    if (const auto attached = files_.attach(kindOfFile(file), key_, file); attached)
+      showAttached(kindOfFile(file));
+    else
+      troubles += attached.error().message + "\n";
+  if (!troubles.empty())
+    desk_.messages.tell(" Attachments", std::string(trim(troubles)), Icon::Exclamation);
 }
 
 void AttachmentPage::loadp_Click() {

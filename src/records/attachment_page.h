@@ -21,7 +21,8 @@ class AttachmentPage {
   void show(std::string_view key);
   void showKind(AttachmentKind kind);
   void loadp_Click();
-  /// Attaches files by what they are, pictures and documents alike, and shows the last.
+  /// Attaches files by what they are, pictures and documents alike, and shows the last; tells of all that could not be
+  /// attached.
   void drop(const std::vector<std::string>& files);
   /// What the chosen file shows, as the user says it.
   void saveCaption();
@@ -42,6 +43,7 @@ class AttachmentPage {
   void list();
   void showRows();
   bool attach(AttachmentKind kind, const std::string& source);
+  void showAttached(AttachmentKind kind);
   void select(std::size_t row);
   AttachmentKind kind() const { return IPic.chosen ? AttachmentKind::Picture : AttachmentKind::Document; }
 

@@ -1,6 +1,7 @@
 #include "records/attachments.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "base/file_trouble.h"
 #include "base/files.h"
@@ -18,6 +19,16 @@ std::string extensionOf(std::string_view path) {
   const std::string name = fileNameOf(path);
   const auto point = name.rfind('.');
   return point == std::string::npos || point == 0 ? "" : name.substr(point);
+}
+
+// What a camera could not write has its name and no bytes: better heard of at the desk than at the hearing.
+Result<void> copyWhole(std::string_view source, std::string_view path) {
+  if (auto copied = copyFile(source, path); !copied)
+    return copied;
+  std::error_code trouble;
+  if (std::filesystem::file_size(std::string(path), trouble) == 0 && !trouble)
+    return Error{Trouble::BadInput, "The file " + std::string(source) + " is empty. It was not attached."};
+  return {};
 }
 
 double numberOf(std::string_view name) {
@@ -79,7 +90,8 @@ Result<void> Attachments::setCaption(AttachmentKind kind, std::string_view name,
 
 Result<std::string> Attachments::attach(AttachmentKind kind, std::string_view key, std::string_view source) const {
   if (!FileExists(source))
-    return Error{Trouble::NotFound, "The file " + std::string(source) + " cannot be read. Is it still there?"};
+    return Error{Trouble::NotFound,
+                 "The file " + std::string(source) + " cannot be read. Is it a file, and still there?"};
   if (auto made = makeFolder(folder(kind)); !made)
     return made.error();
   for (int number = 1; number <= kMostFiles; ++number) {
@@ -91,7 +103,7 @@ Result<std::string> Attachments::attach(AttachmentKind kind, std::string_view ke
       continue;
     if (!reserved.isOpen())
       return fileError(FileDeed::Write, path, reserved.error());
-    if (auto copied = copyFile(source, path); !copied) {
+    if (auto copied = copyWhole(source, path); !copied) {
       (void)deleteFile(path).ok();
       return copied.error();
     }

@@ -32,7 +32,8 @@ class Attachments {
   std::string caption(AttachmentKind kind, std::string_view name) const;
   Result<void> setCaption(AttachmentKind kind, std::string_view name, std::string_view words) const;
   /// Copies a file to the record, under the first number that is free; gives its new name. Of two computers that attach
-  /// at the same moment each gets a number of its own. The error says why it could not be copied; then nothing is left.
+  /// at the same moment each gets a number of its own. The error says why it could not be copied, or that it is empty;
+  /// then nothing is left.
   Result<std::string> attach(AttachmentKind kind, std::string_view key, std::string_view source) const;
   /// Keeps what was printed among the documents of the record; gives its new name.
   Result<std::string> attachPrinted(std::string_view key, const PrintedCopy& copy,

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QPainter>
 #include <QPixmap>
 #include <QPixmapCache>
 #include <algorithm>
@@ -16,6 +17,29 @@ bool sameColumns(const std::vector<ListColumn>& a, const std::vector<ListColumn>
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const ListColumn& x, const ListColumn& y) {
     return x.caption == y.caption && x.width == y.width && x.toRight == y.toRight;
   });
+}
+
+constexpr QSize kThumbnail{ListModel::kPictureWidth, ListModel::kPictureHeight};
+
+// Only photographs are made smaller while they are read: drawings in black and white would lose their lines.
+QImage smallImage(const QString& path) {
+  QImageReader reader(path);
+  reader.setAutoTransform(true);
+  if (const QSize size = reader.size(); size.isValid() && reader.format() == "jpeg")
+    reader.setScaledSize(size.scaled(kThumbnail * 2, Qt::KeepAspectRatio));
+  const QImage image = reader.read();
+  return image.isNull() ? image
+                        : image.convertToFormat(QImage::Format_ARGB32_Premultiplied)
+                              .scaled(kThumbnail, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+QPixmap thumbnail(const QString& path) {
+  QPixmap shown(kThumbnail);
+  shown.fill(Qt::transparent);
+  const QImage image = smallImage(path);
+  QPainter(&shown).drawImage((kThumbnail.width() - image.width()) / 2, (kThumbnail.height() - image.height()) / 2,
+                             image);
+  return shown;
 }
 
 }  // namespace
@@ -55,7 +79,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
   return {};
 }
 
-// A camera's photographs are large: each is read once, as small as it is shown.
+// A camera's photographs are large: each is read once, as small as it is shown. Names stand below one another beside
+// pictures of any shape.
 QVariant ListModel::pictureOf(std::size_t row) const {
   const QString path = QString::fromStdString(rows_->picture(row));
   if (path.isEmpty())
@@ -63,14 +88,10 @@ QVariant ListModel::pictureOf(std::size_t row) const {
   const QString key = path + QFileInfo(path).lastModified().toString(Qt::ISODate);
   QPixmap picture;
   if (!QPixmapCache::find(key, &picture)) {
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    if (const QSize size = reader.size(); size.isValid())
-      reader.setScaledSize(size.scaled(kPictureWidth, kPictureHeight, Qt::KeepAspectRatio));
-    picture = QPixmap::fromImage(reader.read());
+    picture = thumbnail(path);
     QPixmapCache::insert(key, picture);
   }
-  return picture.isNull() ? QVariant() : picture;
+  return picture;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

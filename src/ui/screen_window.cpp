@@ -6,13 +6,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QWindow>
 #include <algorithm>
 
+#include "ui/file_drops.h"
 #include "ui/screen_keys.h"
 
 namespace zelvo {
@@ -36,6 +36,7 @@ ScreenWindow::ScreenWindow(Screen& screen, WindowHost& host)
     hasStatusLine_ = hasStatusLine_ || control->kind() == ControlKind::Tabs || control->kind() == ControlKind::Menu;
   statusBar()->setVisible(hasStatusLine_);
   new ScreenKeys(*this);
+  new FileDrops(*this);
   resting_.setSingleShot(true);
   resting_.setInterval(kRest);
   connect(&resting_, &QTimer::timeout, this, [this] {
@@ -278,16 +279,15 @@ void ScreenWindow::complains(const std::string& why) {
 
 // Photographs from the camera's folder, dropped anywhere on the record.
 void ScreenWindow::dragEnterEvent(QDragEnterEvent* event) {
-  if (screen_ && screen_->takesFiles() && event->mimeData()->hasUrls())
+  if (screen_ && screen_->takesFiles() && !FileDrops::filesOf(*event).empty())
     event->acceptProposedAction();
 }
 
+// They are copied, whatever the desktop proposes: it would take what was moved out of the camera's folder.
 void ScreenWindow::dropEvent(QDropEvent* event) {
-  std::vector<std::string> files;
-  for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile())
-      files.push_back(url.toLocalFile().toStdString());
-  event->acceptProposedAction();
+  const auto files = FileDrops::filesOf(*event);
+  event->setDropAction(Qt::CopyAction);
+  event->accept();
   if (screen_ && !files.empty())
     act([&] { static_cast<void>(screen_->userDrops(files)); });
 }

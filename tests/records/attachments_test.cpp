@@ -85,6 +85,14 @@ TEST_F(AttachedFiles, PhotographsDroppedOntoARecordBelongToItAndCarryACaption) {
   EXPECT_EQ(at.shown(permits, "lblFile"), "File 1 of 1");
   EXPECT_EQ(shown.rows->picture(0), "");
 
+  at.click(permits, "IPic");
+  at.set(permits, "txtCaption", "The gate");
+  at.expect(" Attachments", "The file " + onDesk("lost.jpg", "") + " is empty. It was not attached.\nThe file " +
+                                folder.path() + " cannot be read. Is it a file, and still there?");
+  ASSERT_TRUE(permits.userDrops({folder.file("lost.jpg"), folder.path(), folder.file("back.png")}).ok());
+  EXPECT_EQ(at.shown(permits, "lblFile"), "File 3 of 3") << "those that can be attached are";
+  EXPECT_EQ(shown.rows->cell(0, 1), "The gate") << "also when the box was not left";
+
   at.click(permits, "IEdit");
   EXPECT_FALSE(permits.userDrops({folder.file("back.png")}).ok()) << "while it is changed";
 }

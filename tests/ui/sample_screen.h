@@ -57,6 +57,9 @@ class SampleScreen : public Screen {
     return box.shown().starts_with("S") ? std::vector<std::string>{"Smith, John", "Smythe"}
                                         : std::vector<std::string>{};
   }
+  bool takesFiles() const override { return takes; }
+  void Form_Drop(const std::vector<std::string>& files) override { heard("dropped " + files.front()); }
+  bool takes = false;
   void heard(const std::string& what) { events.push_back(what); }
   std::vector<std::string> events;
 

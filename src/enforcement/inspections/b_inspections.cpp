@@ -39,6 +39,8 @@ BInspections::BInspections(Desk& itsDesk, mdb& itsParcels, LetterPrinter& letter
   iReinspect.tip = "Begin a new inspection of the same work";
   cmdQuick.tip = "Add a plan review, passed, to the permit that is located";
   iPermit.tip = "Show the building permit of this inspection";
+  iPermit.shortcut = "Ctrl+B";
+  iReports.shortcut = "Ctrl+R";
   declarePicks();
   bindControls();
 }
