@@ -123,7 +123,8 @@ bool AttachmentPage::attach(AttachmentKind kind, const std::string& source) {
 
 void AttachmentPage::showAttached(AttachmentKind kind) {
   showKind(kind);
-  select(names_.size() - 1);
+  if (!names_.empty())  // unless somebody took it away again
+    select(names_.size() - 1);
 }
 
 // One that cannot be attached keeps none of the others back.

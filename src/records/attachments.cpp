@@ -60,7 +60,7 @@ std::string Attachments::pathOf(AttachmentKind kind, std::string_view name) cons
 std::vector<std::string> Attachments::names(AttachmentKind kind, std::string_view key) const {
   if (trim(key).empty())
     return {};
-  auto found = listFiles(folder(kind), stem(key) + "*.*");
+  auto found = listFiles(folder(kind), stem(key) + "*");
   std::ranges::stable_sort(found, {}, numberOf);
   return found;
 }

@@ -112,7 +112,7 @@ class RecordScreen : public Screen {
   std::vector<std::string> typedBefore(const Control& control) override;
   /// Files dropped onto a record are attached to it.
   void Form_Drop(const std::vector<std::string>& files) override;
-  bool takesFiles() const override { return mode_ == Mode::Browse && datPrimaryRS_ && !dbisempty(); }
+  bool takesFiles() const override { return attachments_.loadp.enabled; }
 
   Recordset& records() const { return *datPrimaryRS_; }
   const std::shared_ptr<Connection>& connection() const { return connection_; }

@@ -32,6 +32,8 @@ TEST_F(AttachedFiles, FilesGetTheRecordsNameAndTheFirstFreeNumber) {
   EXPECT_EQ(documents[1], "0126-1~2.pdf") << "in the order of their numbers, not of their letters";
   EXPECT_EQ(*readBytes(files.pathOf(Document, documents[10])), "plan");
   EXPECT_TRUE(files.names(Document, "").empty());
+  EXPECT_EQ(*files.attach(Document, "26-2", onDesk("LICENSE", "no extension")), "0126-2~1");
+  EXPECT_EQ(files.names(Document, "26-2"), std::vector<std::string>{"0126-2~1"});
 }
 
 TEST_F(AttachedFiles, WhatCannotBeCopiedLeavesNothing) {
@@ -95,6 +97,9 @@ TEST_F(AttachedFiles, PhotographsDroppedOntoARecordBelongToItAndCarryACaption) {
 
   at.click(permits, "IEdit");
   EXPECT_FALSE(permits.userDrops({folder.file("back.png")}).ok()) << "while it is changed";
+  at.click(permits, "ICancel");
+  at.click(permits, "iNewIns");
+  EXPECT_FALSE(permits.userDrops({folder.file("back.png")}).ok()) << "while an insurance is typed";
 }
 
 TEST_F(AttachedFiles, NotesOfTheParcelAreReadAndRewritten) {
