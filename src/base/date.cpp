@@ -57,6 +57,16 @@ Date addDays(Date date, long days) {
   return dayOf(dayNumber(date) + std::clamp(days, low, high));
 }
 
+Date addMonths(Date date, int months) {
+  const long count = date.year * 12L + date.month - 1 + months;
+  if (count < firstYear * 12L)
+    return firstDay;
+  if (count >= (lastYear + 1) * 12L)
+    return lastDay;
+  const int year = static_cast<int>(count / 12), month = static_cast<int>(count % 12) + 1;
+  return {year, month, std::min(date.day, daysIn(month, year))};
+}
+
 long daysBetween(Date from, Date to) {
   return dayNumber(to) - dayNumber(from);
 }

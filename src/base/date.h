@@ -29,6 +29,9 @@ struct DateTime {
 int weekday(Date date);
 /// The day so many days later, or earlier; beyond the calendar it stops at its first or last day.
 Date addDays(Date date, long days);
+/// The same day so many months later, or earlier; the last day of the month where that has no such day. Beyond the
+/// calendar it stops as addDays does.
+Date addMonths(Date date, int months);
 /// The days from `from` to `to`, negative when `to` is earlier.
 long daysBetween(Date from, Date to);
 

@@ -31,7 +31,7 @@ std::vector<ShownColumn> rememberedColumns(const Session& session, const RecordK
     std::size_t at = 0;
     const auto parts = readCommaValues(line, at, 3);
     if (parts.size() == 3 && table.find(parts[0]))
-      columns.push_back({parts[0], parts[2], std::clamp(static_cast<int>(Val(parts[1])), kNarrowest, kWidest)});
+      columns.push_back({parts[0], parts[2], std::clamp(CLng(Val(parts[1])), kNarrowest, kWidest)});
   }
   return columns.empty() ? usualColumns(kind) : columns;
 }

@@ -145,7 +145,7 @@ class BarView : public ControlView {
 
  protected:
   void showValue() override {
-    const int done = static_cast<int>(Val(label_.caption));
+    const int done = CLng(Val(label_.caption));
     if (widget_->value() != done)
       widget_->setValue(done);
   }

@@ -180,6 +180,10 @@ TEST(Calendar, CountsDaysOverAllItsYears) {
   EXPECT_EQ(daysBetween({2008, 3, 1}, {2008, 2, 28}), -2);
   EXPECT_EQ(addDays({2008, 3, 1}, 1L << 60), (Date{9999, 12, 31}));
   EXPECT_EQ(addDays({2008, 3, 1}, -(1L << 60)), (Date{100, 1, 1}));
+  EXPECT_EQ(addMonths({2026, 8, 31}, 6), (Date{2027, 2, 28}));
+  EXPECT_EQ(addMonths({2024, 2, 29}, -12), (Date{2023, 2, 28}));
+  EXPECT_EQ(addMonths({9999, 12, 31}, 6), (Date{9999, 12, 31}));
+  EXPECT_EQ(addMonths({100, 1, 15}, -1), (Date{100, 1, 1}));
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 #include "documents/preview/page_view.h"
 
-#include <algorithm>
-
 #include "base/number.h"
 
 namespace zelvo {
 
 Result<void> PageView::take(std::string_view value) {
-  const int wanted = static_cast<int>(Val(value));
+  const int wanted = CLng(Val(value));
   if (wanted < 1 || wanted > count)
     return Error{Trouble::BadInput, "There is no page " + std::string(value) + "."};
   page = wanted;

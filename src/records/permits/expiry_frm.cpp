@@ -26,12 +26,4 @@ void ExpiryFrm::take(std::optional<Date> day) {
   closeMe();
 }
 
-Date addMonths(Date date, int months) {
-  const int count = date.year * 12 + date.month - 1 + months;
-  Date later{count / 12, count % 12 + 1, date.day};
-  while (!later.valid())
-    --later.day;
-  return later;
-}
-
 }  // namespace zelvo

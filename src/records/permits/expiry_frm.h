@@ -35,7 +35,4 @@ class ExpiryFrm : public Screen {
   std::optional<Date> chosen_;
 };
 
-/// The same day so many months later; the last day of the month where that has no such day.
-Date addMonths(Date date, int months);
-
 }  // namespace zelvo
