@@ -38,6 +38,7 @@ class BackupOffice : public ::testing::Test {
     folder.write("data/phi.txt", "21\r\n");
     folder.write("data/Inspectors.txt", "Hollis\r\n");
     folder.write("data/docs/P26-1~1.pdf", "a plan");
+    folder.write("data/checklist/BLDG 02 Footing.rtf", "{\\rtf1 what to look at}");
     folder.write("data/pics/2026/P26-1~1.jpg", std::string("a \0 picture", 11));
   }
 

@@ -29,6 +29,7 @@ TEST_F(BackupOffice, ABackupHoldsWhatTheOfficeHas) {
   EXPECT_EQ(set->find("sbl.mdb")->rows, 0u);
   EXPECT_EQ(set->find("phi.txt")->rows, std::nullopt);
   EXPECT_EQ(set->find("docs/P26-1~1.pdf")->size, 6u);
+  EXPECT_NE(set->find("checklist/BLDG 02 Footing.rtf"), nullptr);
   Patient nobody;
   EXPECT_TRUE(verifySet(*set, nobody));
   auto saved = contentOf(set->folder), original = contentOf(folder.file("data"));

@@ -13,8 +13,8 @@
 
 namespace zelvo {
 
-// A backup set is a folder that looks like the data folder that it was made of: databases and lists in it, "docs" and
-// "pics" below it, and a manifest that tells what belongs to it. The manifest is a text of comma-separated lines:
+// A backup set is a folder that looks like the data folder that it was made of: databases and lists in it, "docs",
+// "pics" and "checklist" below it, and a manifest that tells what belongs to it. The manifest is a text of comma-separated lines:
 //
 //   Zelvo backup,1
 //   made,2026-03-09 10:15:00

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 using Files = std::vector<SourceFile>;
 
-constexpr std::string_view kAttachments[] = {"docs", "pics"};
+constexpr std::string_view kFolders[] = {"docs", "pics", "checklist"};  // each with all below it
 // What is in the making, or is of use on the computer that wrote it alone. What tells how a server is reached may hold
 // a password, and leads a restored folder to the tables of the old one.
 constexpr std::string_view kLeftOut[] = {"server.txt", "schema.txt", "restore-unfinished.txt", kManifestName};
@@ -53,7 +53,7 @@ void addLists(const std::string& folder, bool onServer, Files& files) {
 }
 
 // A folder that cannot be read to its end would leave attachments out without a word.
-Result<void> addAttachments(const std::string& dataFolder, std::string_view name, Files& files) {
+Result<void> addFolder(const std::string& dataFolder, std::string_view name, Files& files) {
   const std::string folder = joinPath(dataFolder, name);
   if (!folderExists(folder))
     return {};
@@ -98,8 +98,8 @@ Result<std::vector<SourceFile>> filesOf(std::string_view dataFolder) {
   onServer ? addServerTables(files) : addDatabases(folder, files);
   if (files.empty())
     return noDatabases(folder, "holds no databases");
-  for (const std::string_view attachments : kAttachments)
-    if (auto added = addAttachments(folder, attachments, files); !added)
+  for (const std::string_view name : kFolders)
+    if (auto added = addFolder(folder, name, files); !added)
       return added.error();
   addLists(folder, onServer, files);
   if (auto refused = refuseNames(folder, files); !refused)
