@@ -19,6 +19,16 @@ void showOtherRecords(Desk& desk, const OtherRecords& records, std::string_view 
   desk.screens.open(records.screen);
 }
 
+void hopToRecord(Desk& desk, const OtherRecords& records, std::string_view key) {
+  if (!desk.screens.knows(records.screen))
+    return desk.messages.tell(" " + std::string(records.called), notOffered(records.called).message);
+  desk.session.hop = key;
+  if (!desk.screens.find(records.screen))
+    desk.session.queryFor(records.slot).query.clear();  // all of them
+  if (!desk.screens.open(records.screen))
+    desk.session.hop.clear();
+}
+
 Result<std::shared_ptr<Connection>> otherDatabase(Desk& desk, std::string_view file) {
   const auto connection = databaseConnection(desk, file);
   return connection ? Connection::open(*connection) : Result<std::shared_ptr<Connection>>(connection.error());

@@ -21,6 +21,10 @@ struct OtherRecords {
 /// no such screen.
 void showOtherRecords(Desk& desk, const OtherRecords& records, std::string_view query);
 
+/// Opens such a screen at the record of a key, or asks the open one to go there. Tells the user when the program has no
+/// such screen.
+void hopToRecord(Desk& desk, const OtherRecords& records, std::string_view key);
+
 /// A database of the office by its file, which is made or located when it is missing.
 Result<std::shared_ptr<Connection>> otherDatabase(Desk& desk, std::string_view file);
 /// The rows that a query selects in it.

@@ -6,6 +6,7 @@
 #include "enforcement/code_tables.h"
 #include "enforcement/inspections/inspection_codes.h"
 #include "enforcement/inspections/permit_rows.h"
+#include "records/other_records.h"
 #include "records/search_by_example.h"
 
 namespace zelvo {
@@ -14,6 +15,8 @@ using namespace inspection_box;
 
 namespace {
 
+constexpr OtherRecords kPermitRecords{"APermits", "Building permits", QuerySlot::Permits, "db1.mdb"};
+constexpr OtherRecords kViolationRecords{"CViolations", "Violations", QuerySlot::Violations, "db5.mdb"};
 constexpr std::string_view kPermitNotFound = "** PERMIT NOT FOUND **";
 constexpr std::string_view kResolution = "*** RESOLVED ", kResolvedMark = "**";
 
@@ -243,15 +246,7 @@ void BInspections::nameOwnerOfUnknownPermit() {
 }
 
 void BInspections::iPermit_Click() {
-  const std::string number = boxText(*this, kPermit);
-  desk.session.hop = number;
-  if (!desk.screens.find("APermits"))
-    desk.session.queryFor(QuerySlot::Permits).query.clear();  // all of them
-  if (number.empty() || !desk.screens.open("APermits")) {
-    desk.session.hop.clear();
-    desk.messages.tell(" " + caption, number.empty() ? "This inspection belongs to no permit."
-                                                     : "The building permits are not part of this program.");
-  }
+  hopToRecord(desk, kPermitRecords, boxText(*this, kPermit));
 }
 
 // The screen shows the inspections of one permit when that is all that its query asks for.
@@ -382,11 +377,7 @@ void BInspections::openMatter() {
     }
     return refreshRecord();
   }
-  desk.session.hop = matter.key;
-  if (desk.screens.open("CViolations"))
-    return;
-  desk.session.hop.clear();
-  desk.messages.tell(" " + caption, "The violations are not part of this program yet.");
+  hopToRecord(desk, kViolationRecords, matter.key);
 }
 
 // ---- what is shown from now on

@@ -1,11 +1,11 @@
 #include "enforcement/inspections/permit_rows.h"
 
 #include "base/text.h"
-#include "data/no_dbfound.h"
 #include "data/parcel_key.h"
 #include "data/query_text.h"
 #include "enforcement/inspections/inspection_kind.h"
 #include "records/field_copy.h"
+#include "records/other_records.h"
 #include "records/permits/permit_kind.h"
 #include "records/record_rows.h"
 #include "records/search_by_example.h"
@@ -13,12 +13,8 @@
 namespace zelvo {
 
 Result<std::unique_ptr<Recordset>> permitsWith(Desk& desk, std::string_view condition) {
-  const auto text = databaseConnection(desk, "db1.mdb");
-  const auto connection = text ? Connection::open(*text) : text.error();
-  if (!connection)
-    return connection.error();
   const std::string where = condition.empty() ? "" : " where " + std::string(condition);
-  return Recordset::open(*connection, "Select * from BLDGPERM" + where + " order by [PERMIT]");
+  return otherRows(desk, "db1.mdb", "Select * from BLDGPERM" + where + " order by [PERMIT]");
 }
 
 namespace {
