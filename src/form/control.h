@@ -121,7 +121,7 @@ class Button : public Control {
   std::string caption;
   bool isDefault = false;  ///< Enter presses it
   bool isCancel = false;   ///< Esc presses it
-  std::string shortcut;    ///< "Ctrl+S": presses it wherever the focus is, for faces with a keyboard
+  std::string shortcut;    ///< "Ctrl+S": presses it wherever the focus is, heard before the box that has it
 };
 
 class CheckBox : public Control {

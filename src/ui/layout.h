@@ -22,8 +22,10 @@ struct LayoutRow {
   int width = 0;   ///< of a field in characters; 0 takes the room there is. A page's number. A column's share.
   int height = 1;  ///< of a field in lines; kFill takes the room there is
   Glyph glyph = Glyph::None;
-  int hue = 0;                 ///< of a tile
-  std::string_view keys = {};  ///< that press a tool which has no access key: "Alt+Left"
+  int hue = 0;  ///< of a tile
+  /// That press a tool ("Alt+Left") when the box with the focus has no use for them: in a letter Ctrl+C stays its own.
+  /// A key that goes before every box is the button's own shortcut.
+  std::string_view keys = {};
 };
 
 inline constexpr int kFill = -1;
