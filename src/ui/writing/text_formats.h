@@ -2,6 +2,7 @@
 
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
+#include <QTextTable>
 #include <QTextTableFormat>
 
 #include "documents/document.h"
