@@ -8,7 +8,7 @@
 #include "base/files.h"
 #include "documents/document_reader.h"
 #include "documents/merge.h"
-#include "ui/printing/page_painter.h"
+#include "ui/printing/pages_pdf.h"
 #include "ui/printing/paper_font.h"
 
 namespace {

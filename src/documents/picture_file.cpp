@@ -66,22 +66,27 @@ void readDensity(std::string_view bytes, std::size_t segment, Pixels& pixels) {
   pixels.downDots = bigEndian(bytes, segment + 14, 2) * toInch;
 }
 
-std::optional<Pixels> jpegPixels(std::string_view bytes) {
+// Up to the frame of its dots, of which it gives the place; 0: there is none.
+std::size_t jpegFrame(std::string_view bytes, Pixels& pixels) {
   if (!bytes.starts_with("\xFF\xD8\xFF"))
-    return std::nullopt;
-  Pixels pixels;
+    return 0;
   for (std::size_t segment = 2; segment + 9 < bytes.size() && byteAt(bytes, segment) == 0xFF;) {
     const std::uint32_t marker = byteAt(bytes, segment + 1);
     if (isFrameStart(marker)) {
       pixels.height = bigEndian(bytes, segment + 5, 2);
       pixels.width = bigEndian(bytes, segment + 7, 2);
-      return pixels;
+      return segment;
     }
     if (marker == 0xE0)
       readDensity(bytes, segment, pixels);
     segment += std::size_t{2} + bigEndian(bytes, segment + 2, 2);
   }
-  return std::nullopt;
+  return 0;
+}
+
+std::optional<Pixels> jpegPixels(std::string_view bytes) {
+  Pixels pixels;
+  return jpegFrame(bytes, pixels) > 0 ? std::optional(pixels) : std::nullopt;
 }
 
 std::optional<Pixels> bmpPixels(std::string_view bytes) {
@@ -136,6 +141,18 @@ std::optional<Picture> readPicture(std::string bytes) {
   if (const auto pixels = jpegPixels(bytes))
     return pictureOf(PictureKind::Jpeg, pixels, bytes);
   return pictureOf(PictureKind::Bmp, bmpPixels(bytes), bytes);
+}
+
+std::optional<PlainJpeg> plainJpeg(std::string_view bytes) {
+  constexpr std::uint32_t lastPlainKind = 0xC2, usualBits = 8;
+  Pixels pixels;
+  const std::size_t frame = jpegFrame(bytes, pixels);
+  const auto colours = static_cast<int>(byteAt(bytes, frame + 9));
+  const bool isPlain = byteAt(bytes, frame + 1) <= lastPlainKind && byteAt(bytes, frame + 4) == usualBits &&
+                       (colours == 1 || colours == 3) && pixels.width > 0 && pixels.height > 0;
+  if (frame == 0 || !isPlain || bytes.find("\xFF\xD9", frame) == std::string_view::npos)
+    return std::nullopt;
+  return PlainJpeg{static_cast<int>(pixels.width), static_cast<int>(pixels.height), colours};
 }
 
 std::optional<Picture> drawnPicture(std::string metafile) {

@@ -12,6 +12,14 @@ namespace zelvo {
 /// dots to the inch when it states none. Nothing when it is none of these.
 std::optional<Picture> readPicture(std::string bytes);
 
+/// A jpeg file of the usual kinds, which goes into other files as it is.
+struct PlainJpeg {
+  int width = 0, height = 0;  ///< in dots
+  int colours = 0;            ///< of each dot: 1 is grey, 3 are those of a photograph
+};
+/// Nothing when the bytes are no jpeg, one of a kind that few programs read, or one that breaks off.
+std::optional<PlainJpeg> plainJpeg(std::string_view bytes);
+
 /// A Windows metafile as a picture, when it draws anything, an inch each way: its letter says how large it is.
 std::optional<Picture> drawnPicture(std::string metafile);
 

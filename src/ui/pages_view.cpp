@@ -69,7 +69,7 @@ class PageWidget : public QAbstractScrollArea {
     painter.fillRect(sheet, Qt::white);
     painter.setClipRect(sheet);
     painter.scale(scale(), scale());
-    paintPage(painter, *shown);
+    paper_.paint(painter, *shown);
   }
 
   void keyPressEvent(QKeyEvent* event) override {
@@ -122,6 +122,8 @@ class PageWidget : public QAbstractScrollArea {
     const Page* shown = current();
     return shown ? QSizeF(shown->width * scale(), shown->height * scale()) : QSizeF();
   }
+
+  PagePainter paper_;
 };
 
 class PagesView : public ControlView {

@@ -13,7 +13,7 @@
 #include "documents/labels/label_frm.h"
 #include "documents/labels/label_sheets.h"
 #include "support/temp_folder.h"
-#include "ui/printing/page_painter.h"
+#include "ui/printing/pages_pdf.h"
 #include "ui/qt_house.h"
 
 namespace zelvo::testing {

@@ -8,7 +8,7 @@ namespace zelvo {
 namespace {
 
 // Where the tables of a font file keep what is needed of them, in bytes.
-constexpr qsizetype kHeadUnits = 18, kHeadBox = 36, kHeadStyle = 44, kHeadLongPlaces = 50, kHeadSize = 54;
+constexpr qsizetype kHeadUnits = 18, kHeadBox = 36, kHeadLongPlaces = 50, kHeadSize = 54;
 constexpr qsizetype kHheaAscent = 4, kHheaDescent = 6, kHheaWidths = 34, kHheaSize = 36;
 constexpr qsizetype kMaxpGlyphs = 4, kMaxpSize = 6;
 constexpr qsizetype kRightsOfUse = 8;  // of the table OS/2
@@ -71,9 +71,31 @@ QByteArray fontFile(const std::vector<NamedTable>& tables) {
   return file + body;
 }
 
+// Behind the list of the compact format that begins there; the place of its first entry.
+std::pair<qsizetype, qsizetype> listAt(const QByteArray& table, qsizetype at) {
+  const qsizetype count = numberAt<quint16>(table, at), size = numberAt<quint8>(table, at + 2);
+  if (count == 0)
+    return {at + 2, at + 2};
+  const qsizetype entries = at + 2 + (count + 1) * size;
+  qsizetype end = 0;
+  for (qsizetype i = 0; i < size; ++i)
+    end = end << 8 | numberAt<quint8>(table, at + 3 + count * size + i);
+  return {entries + end, entries + 1};
+}
+
+// Small enough, and its glyphs have no names other than their numbers: fonts of East Asia are larger and name them.
+bool mayGoWhole(const QByteArray& compact) {
+  constexpr qsizetype mostBytes = 400'000, headerSize = 2, firstOperator = 16;
+  if (compact.isEmpty() || compact.size() > mostBytes)
+    return false;
+  const qsizetype topList = listAt(compact, numberAt<quint8>(compact, headerSize)).first;
+  const qsizetype top = listAt(compact, topList).second;
+  return !compact.mid(top, firstOperator).contains(QByteArray("\x0C\x1E", 2));
+}
+
 }  // namespace
 
-std::optional<FontProgram> FontProgram::of(const QRawFont& font, bool bold, bool italic) {
+std::optional<FontProgram> FontProgram::of(const QRawFont& font) {
   constexpr quint16 keptByMaker = 2, bitmapsOnly = 0x200;
   FontProgram program;
   program.head_ = font.fontTable("head");
@@ -82,21 +104,22 @@ std::optional<FontProgram> FontProgram::of(const QRawFont& font, bool bold, bool
   program.hmtx_ = font.fontTable("hmtx");
   program.loca_ = font.fontTable("loca");
   program.glyf_ = font.fontTable("glyf");
+  if (program.glyf_.isEmpty())
+    program.cff_ = font.fontTable("CFF ");
   program.cvt_ = font.fontTable("cvt ");
   program.fpgm_ = font.fontTable("fpgm");
   program.prep_ = font.fontTable("prep");
   const auto rights = numberAt<quint16>(font.fontTable("OS/2"), kRightsOfUse);
-  const auto style = numberAt<quint16>(program.head_, kHeadStyle);
-  const bool ownStyle = bold == ((style & 1) != 0) && italic == ((style & 2) != 0);
   const bool mayGo = (rights & 0xF) != keptByMaker && (rights & bitmapsOnly) == 0;
-  if (!program.isWhole() || !ownStyle || !mayGo || !font.fontTable("fvar").isEmpty())
+  if (!program.isWhole() || !mayGo || !font.fontTable("fvar").isEmpty())
     return std::nullopt;
   return program;
 }
 
 bool FontProgram::isWhole() const {
   return head_.size() >= kHeadSize && hhea_.size() >= kHheaSize && maxp_.size() >= kMaxpSize && unitsPerEm() > 0 &&
-         numberAt<quint16>(hhea_, kHheaWidths) > 0 && !hmtx_.isEmpty() && !loca_.isEmpty() && !glyf_.isEmpty();
+         (mayGoWhole(cff_) ||
+          (numberAt<quint16>(hhea_, kHheaWidths) > 0 && !hmtx_.isEmpty() && !loca_.isEmpty() && !glyf_.isEmpty()));
 }
 
 double FontProgram::unitsPerEm() const {
@@ -145,6 +168,8 @@ void FontProgram::addComponents(quint32 glyph, std::set<quint32>& glyphs) const 
 }
 
 QByteArray FontProgram::part(std::set<quint32> glyphs) const {
+  if (isCompact())
+    return cff_;
   glyphs.insert(0);
   for (const quint32 glyph : std::set<quint32>(glyphs))
     addComponents(glyph, glyphs);

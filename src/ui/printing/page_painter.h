@@ -1,23 +1,32 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include <QImage>
+#include <map>
+#include <memory>
 
-#include "base/result.h"
 #include "documents/page_layout.h"
+#include "ui/printing/paper_font.h"
 
 class QPainter;
 
 namespace zelvo {
 
-class PaperFaces;
+/// Paints laid-out pages as they will come out on paper. It keeps the fonts and pictures that it needed for the next
+/// page.
+class PagePainter {
+ public:
+  /// One unit of the painter is one twip, its origin the upper left corner of the paper.
+  void paint(QPainter& painter, const Page& page);
 
-/// Paints a laid-out page. One unit of the painter is one twip, its origin the upper left corner of the paper.
-void paintPage(QPainter& painter, const Page& page);
+ private:
+  void paint(QPainter& painter, const PicturePiece& piece);
+  void paintDrawn(QPainter& painter, const PicturePiece& piece);
+  void paint(QPainter& painter, const TextPiece& piece);
+  const QImage& imageOfPicture(const std::shared_ptr<const Picture>& picture);
 
-/// The pages as a PDF, ready to be saved or sent to a printer. The fonts go with it and its text can be searched.
-/// Whoever prints many letters hands the faces down that they were measured in.
-Result<std::string> pdfOf(const PagedDocument& document, std::string_view title, const PaperFaces& faces);
-Result<std::string> pdfOf(const PagedDocument& document, std::string_view title);
+  PaperFaces faces_;
+  std::map<std::shared_ptr<const Picture>, QImage> images_;
+  qsizetype imagesSize_ = 0;
+};
 
 }  // namespace zelvo

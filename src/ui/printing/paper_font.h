@@ -2,17 +2,14 @@
 
 #include <QFont>
 #include <QFontMetricsF>
-#include <QRawFont>
-#include <functional>
 #include <map>
-#include <memory>
 #include <string>
 #include <tuple>
 #include <unordered_map>
 #include <vector>
 
 #include "documents/page_layout.h"
-#include "ui/printing/pdf_font.h"
+#include "ui/printing/real_font.h"
 
 class QPainter;
 
@@ -27,48 +24,71 @@ QFont paperFont(const TextFont& font);
 /// What one pixel of that font is in the letter's size, in twips.
 double paperScale(const TextFont& font);
 
-/// A real font, measured and drawn character by character where its text is that simple: nearly all text of letters is,
-/// and finding out how the characters of a text join takes most of the time that a page takes. Other texts, and
-/// characters that the font does not have, are left to the fonts of the system. All in pixels of paperFont().
+/// A character as it is drawn.
+struct PaperGlyph {
+  const RealFont* font = nullptr;  ///< null: the character may join with others
+  quint32 number = 0;              ///< in that font; 0: the sign for what no font has
+  double advance = 0;
+  char32_t character = 0;
+};
+
+struct PlacedGlyph {
+  PaperGlyph glyph;
+  double x = 0, y = 0;  ///< from the beginning of its text on the base line, downward
+};
+
+/// Characters that join, and the glyphs that they are drawn with.
+struct GlyphCluster {
+  std::string text;
+  std::vector<PlacedGlyph> glyphs;
+};
+
+/// A font of letters. Text is measured and drawn character by character where it is that simple: nearly all text of
+/// letters is, and finding out how the characters of a text join takes most of the time that a page takes. Characters
+/// that the font does not have are taken from the font that the system names for them. All in pixels of paperFont().
 class PaperFace {
  public:
-  struct Glyph {
-    quint32 number = 0;  ///< 0: the font has none, or it may join with others
-    double advance = 0;
-    char32_t character = 0;
-  };
-
-  explicit PaperFace(const TextFont& font);
+  PaperFace(const TextFont& font, const RealFonts& fonts);
 
   double advance(std::string_view text) const;
   FontHeights heights() const;
   /// With the pen of the painter, beginning at its origin on the base line.
   void draw(QPainter& painter, std::string_view text) const;
 
-  /// The glyphs of a text one behind the other. False when it cannot be set glyph for glyph.
-  bool spell(std::string_view text, std::vector<const Glyph*>& glyphs) const;
-  /// The font as PDFs take it along, made once for all letters; null when they cannot.
-  const PdfFont* pdfFont() const;
+  /// The glyphs of a text one behind the other. False when its characters join with one another.
+  bool spell(std::string_view text, std::vector<const PaperGlyph*>& glyphs) const;
+  /// The glyphs of any text, from the left to the right.
+  std::vector<PlacedGlyph> set(std::string_view text) const;
+  /// The same, with what they stand for.
+  std::vector<GlyphCluster> clusters(std::string_view text) const;
+  const PaperGlyph& glyphOf(char32_t character) const;
 
  private:
-  const Glyph& glyphOf(char32_t character) const;
+  PaperGlyph find(char32_t character) const;
+  PaperGlyph lent(char32_t character) const;
+  std::vector<PlacedGlyph> laidOut(std::string_view text) const;
 
   QFont font_;
   QFontMetricsF metrics_;
-  QRawFont raw_;
   bool bold_, italic_;
-  mutable bool pdfFontKnown_ = false;
-  mutable std::shared_ptr<const PdfFont> pdfFont_;
-  mutable std::unordered_map<char32_t, Glyph> known_;
+  const RealFonts& fonts_;
+  const RealFont& own_;
+  mutable std::unordered_map<char32_t, PaperGlyph> known_;
+  mutable std::unordered_map<int, const RealFont*> lenders_;  // of the characters of a script
 };
 
 /// The fonts that letters asked for so far.
 class PaperFaces {
  public:
+  PaperFaces() = default;
+  PaperFaces(const PaperFaces&) = delete;
+  PaperFaces& operator=(const PaperFaces&) = delete;
+
   const PaperFace& of(const TextFont& font) const;
 
  private:
   using Key = std::tuple<std::string, bool, bool>;
+  RealFonts fonts_;
   mutable std::map<Key, PaperFace, std::less<>> known_;
 };
 

@@ -1,10 +1,12 @@
 #include "ui/printing/pdf_file.h"
 
 #include <QByteArray>
+#include <QChar>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 
-#include "ui/qt_text.h"
+#include "base/text.h"
 
 namespace zelvo {
 
@@ -46,17 +48,33 @@ std::string PdfFile::finish(int catalogue, int information) {
 }
 
 std::string packedForPdf(std::string_view bytes, bool thoroughly) {
+  constexpr std::size_t mostThoroughly = 500'000;
   constexpr qsizetype lengthInFront = 4;
   const QByteArray packed =
-      qCompress(reinterpret_cast<const uchar*>(bytes.data()), static_cast<qsizetype>(bytes.size()), thoroughly ? 6 : 1);
-  return packed.mid(lengthInFront).toStdString();
+      qCompress(reinterpret_cast<const uchar*>(bytes.data()), static_cast<qsizetype>(bytes.size()),
+                thoroughly && bytes.size() <= mostThoroughly ? 6 : 1);
+  return {packed.constData() + lengthInFront, static_cast<std::size_t>(packed.size() - lengthInFront)};
+}
+
+void appendPdfHex(std::string& object, unsigned number, int digits) {
+  constexpr std::string_view hex = "0123456789abcdef";
+  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4)
+    object += hex[number >> shift & 0xF];
+}
+
+void appendPdfCharacter(std::string& object, char32_t character) {
+  if (character > 0xFFFF) {
+    appendPdfHex(object, QChar::highSurrogate(character), 4);
+    character = QChar::lowSurrogate(character);
+  }
+  appendPdfHex(object, character, 4);
 }
 
 std::string pdfText(std::string_view text) {
-  QByteArray units("\xFE\xFF");
-  for (const QChar unit : qtText(text))
-    units.append(static_cast<char>(unit.row())).append(static_cast<char>(unit.cell()));
-  return "<" + units.toHex().toStdString() + ">";
+  std::string object = "<feff";
+  for (std::size_t position = 0; position < text.size();)
+    appendPdfCharacter(object, nextCharacter(text, position));
+  return object + ">";
 }
 
 void appendThousandths(std::string& object, long long thousandths) {
@@ -73,6 +91,16 @@ void appendThousandths(std::string& object, long long thousandths) {
     object += static_cast<char>('0' + part % 10);
   }
   object += ' ';
+}
+
+long long pdfLength(double twips) {
+  constexpr double thousandthsATwip = 50;
+  return std::llround(twips * thousandthsATwip);
+}
+
+void appendLengths(std::string& object, std::initializer_list<double> twips) {
+  for (const double length : twips)
+    appendThousandths(object, pdfLength(length));
 }
 
 std::string pdfReference(int number) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,12 +28,20 @@ class PdfFile {
   std::vector<std::size_t> places_;
 };
 
-/// Packs bytes as a PDF holds them. `thoroughly`: for what is packed once and used again.
+/// Packs bytes as a PDF holds them. `thoroughly`: for what is packed once and used again, unless it would take long.
 std::string packedForPdf(std::string_view bytes, bool thoroughly);
 /// A text as an object of a PDF.
 std::string pdfText(std::string_view text);
+/// Appends the last so many hexadecimal digits of a number.
+void appendPdfHex(std::string& object, unsigned number, int digits);
+/// Appends a character in the hexadecimal digits of its units of two bytes.
+void appendPdfCharacter(std::string& object, char32_t character);
 /// Appends a number of so many thousandths and a blank.
 void appendThousandths(std::string& object, long long thousandths);
+/// A length in twips as a PDF measures it, in thousandths of a point.
+long long pdfLength(double twips);
+/// Appends lengths that are given in twips.
+void appendLengths(std::string& object, std::initializer_list<double> twips);
 /// The other object, as an entry names it.
 std::string pdfReference(int number);
 

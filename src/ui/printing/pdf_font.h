@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QRawFont>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "ui/printing/font_program.h"
 #include "ui/printing/pdf_file.h"
 
 namespace zelvo {
@@ -12,32 +12,34 @@ namespace zelvo {
 /// A character that a letter is written with, as its font has it.
 struct PdfGlyph {
   quint32 number = 0;
-  double width = 0;  ///< in thousandths of the size of the font
-  char32_t character = 0;
+  double width = 0;        ///< in thousandths of the size of the font
+  char32_t character = 0;  ///< 0: none that it always stands for
   bool operator==(const PdfGlyph&) const = default;
 };
 
-/// A real font as it goes into PDFs. Letters are written in the same characters, so the packed part of the font is kept
-/// for the next one.
+/// A real font as it goes into PDFs: the part of its file that a letter is written with, or, where a PDF cannot take
+/// the file along, the outlines of its letters.
 class PdfFont {
  public:
-  /// Null when a PDF cannot take the font along.
+  /// The font, as it was found for bold or italic letters.
   static std::shared_ptr<const PdfFont> of(const QRawFont& font, bool bold, bool italic);
+  virtual ~PdfFont() = default;
 
-  /// Adds the font with these glyphs, in the order of their numbers; gives the number of its object.
-  int addTo(PdfFile& file, const std::vector<PdfGlyph>& glyphs) const;
+  /// Texts name each glyph by its number in the font, in two bytes. Else by its place in the list of those that are
+  /// added, in one byte: no more than kMostOutlines are added at once.
+  virtual bool namesByNumber() const = 0;
+  static constexpr std::size_t kMostOutlines = 256;
+
+  /// Adds the font with these glyphs; gives the number of its object.
+  virtual int addTo(PdfFile& file, std::vector<PdfGlyph> glyphs) const = 0;
+
+  /// What makes bold or italic letters of a font that has none: how thick a line goes around them, as a part of their
+  /// size, and how far they lean to the right, as a part of their height.
+  double thickening() const { return thickening_; }
+  double slant() const { return slant_; }
 
  private:
-  explicit PdfFont(FontProgram program) : program_(std::move(program)) {}
-  void pack(const std::vector<PdfGlyph>& glyphs) const;
-  int addDescriptor(PdfFile& file, const std::string& name) const;
-
-  FontProgram program_;
-  std::string name_;
-  bool italic_ = false;
-  mutable std::vector<PdfGlyph> packedGlyphs_;  // that the rest is made for
-  mutable std::string file_, characters_, widths_;
-  mutable std::size_t fileSize_ = 0;  // unpacked
+  double thickening_ = 0, slant_ = 0;
 };
 
 }  // namespace zelvo

@@ -11,7 +11,7 @@
 #include "base/files.h"
 #include "base/text.h"
 #include "documents/document_reader.h"
-#include "ui/printing/page_painter.h"
+#include "ui/printing/pages_pdf.h"
 #include "ui/qt_text.h"
 
 namespace zelvo {

@@ -7,7 +7,7 @@
 #include "app/letter/letter_file.h"
 #include "base/files.h"
 #include "documents/document_reader.h"
-#include "ui/printing/page_painter.h"
+#include "ui/printing/pages_pdf.h"
 #include "ui/printing/paper_font.h"
 
 namespace {
