@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QKeyEvent>
 #include <QObject>
 #include <QTimer>
 #include <deque>
 #include <functional>
 #include <memory>
 
-class QKeyEvent;
 class QWidget;
 
 namespace zelvo {
