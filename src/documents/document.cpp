@@ -25,8 +25,29 @@ bool Run::operator==(const Run& other) const {
 }
 
 bool Paragraph::operator==(const Paragraph& other) const {
-  const bool sameRow = row == other.row || (row && other.row && *row == *other.row);
-  return sameRow && cell == other.cell && style == other.style && runs == other.runs && end == other.end;
+  return OuterCell{row, cell} == OuterCell{other.row, other.cell} && style == other.style && runs == other.runs &&
+         end == other.end;
+}
+
+bool OuterCell::operator==(const OuterCell& other) const {
+  return cell == other.cell && (row == other.row || (row && other.row && *row == *other.row));
+}
+
+std::size_t innerDepth(const Paragraph& paragraph) {
+  std::size_t depth = 0;
+  for (const TableRow* row = paragraph.row.get(); row; row = row->outer.row.get())
+    ++depth;
+  return depth;
+}
+
+OuterCell innerCell(const Paragraph& paragraph, std::size_t depth) {
+  const std::size_t all = innerDepth(paragraph);
+  if (depth >= all)
+    return {};
+  OuterCell cell{paragraph.row, paragraph.cell};
+  for (std::size_t up = all - 1; up > depth; --up)
+    cell = OuterCell(cell.row->outer);
+  return cell;
 }
 
 bool SectionBreak::operator==(const SectionBreak& other) const {

@@ -110,7 +110,8 @@ struct Paragraph {
   std::vector<Run> runs;
   TextStyle end;  ///< the style of the paragraph's end: what gives an empty paragraph its height
   /// Of a paragraph in a table that stands in a header, a footer or a cell: the shape of its row, and the number of its
-  /// cell. All paragraphs of such a row stand one behind the other, cell after cell; the cells of the shape are empty.
+  /// cell. All paragraphs of such a row stand one behind the other, cell after cell, with those of the tables in its
+  /// cells among them; the cells of the shape are empty.
   std::shared_ptr<const TableRow> row = nullptr;
   std::size_t cell = 0;
   /// Rows are equal when they look the same.
@@ -129,6 +130,13 @@ struct Cell {
   bool operator==(const Cell&) const = default;
 };
 
+/// The cell of another inner table in which a row of a table stands.
+struct OuterCell {
+  std::shared_ptr<const TableRow> row = nullptr;  ///< null: the row stands in no further one
+  std::size_t cell = 0;
+  bool operator==(const OuterCell& other) const;
+};
+
 /// A row of a table. Rows that follow one another make the table.
 struct TableRow {
   int left = 0;                           ///< the left edge of the first cell, from the left edge of the text area
@@ -137,6 +145,7 @@ struct TableRow {
   bool isHeading = false;                 ///< of its table: stands again on each page that the table reaches
   Alignment alignment = Alignment::Left;  ///< Center, Right: between the margins, wherever its left edge is
   std::vector<Cell> cells;
+  OuterCell outer;
   bool operator==(const TableRow&) const = default;
 };
 
@@ -182,6 +191,12 @@ struct Document : Section {
   std::vector<Block> body;
   bool operator==(const Document&) const = default;
 };
+
+/// How many inner tables a paragraph stands in, one in a cell of the other.
+std::size_t innerDepth(const Paragraph& paragraph);
+/// The row of one of them, and the cell of it in which the paragraph stands, counted from the outermost, 0; null when
+/// the paragraph does not stand so deep.
+OuterCell innerCell(const Paragraph& paragraph, std::size_t depth);
 
 /// The text of a paragraph, and of a whole body, a line a paragraph; cells are separated by tabs. Live numbers and
 /// pictures give nothing.

@@ -1,5 +1,6 @@
 #include "documents/document_reader.h"
 
+#include <algorithm>
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
@@ -25,7 +26,8 @@ constexpr std::size_t kDeepest = 10000;
 // of fifty thousand must not ask for.
 constexpr std::size_t kMostFonts = 32;
 
-constexpr int kInnerLevel = 2;  // of tables inside a cell
+// Tables of letters stand two or three deep in one another; what a broken file puts deeper is text of the last one.
+constexpr std::size_t kMostInner = 8;
 
 // The signs of the symbol fonts that letters use, mostly in front of list entries. Other computers lack those fonts.
 char32_t signOf(char32_t code) {
@@ -46,7 +48,11 @@ LiveField liveFieldOf(std::string_view instruction) {
 class Reader : public RtfSink {
  public:
   explicit Reader(const RtfFonts& fonts)
-      : fonts_(fonts), sections_(document_), table_(colours_), inner_(colours_), margin_(colours_) {}
+      : fonts_(fonts),
+        sections_(document_),
+        table_(colours_),
+        inner_(kMostInner, RtfTable(colours_)),
+        margin_(colours_) {}
 
   Document finish() {
     for (auto& [flow, current] : flows_)
@@ -263,7 +269,7 @@ class Reader : public RtfSink {
     if (state.destination != Destination::Body)
       return isMargin(state.destination) && margin_.take(token);
     if (look_.inInnerShape)
-      return look_.paragraph.tableLevel > kInnerLevel || inner_.take(token);
+      return inner_[innerLevel()].take(token);
     return table_.take(token);
   }
 
@@ -271,8 +277,12 @@ class Reader : public RtfSink {
     return isText(destination) && destination != Destination::Body && destination != Destination::Aside;
   }
 
-  // Whether the paragraph stands in a table inside a cell. What is deeper is text of that table.
-  bool isInner() const { return look_.paragraph.tableLevel >= kInnerLevel; }
+  // Whether the paragraph stands in a table inside a cell, and in which, counted from the outermost.
+  bool isInner() const { return look_.paragraph.tableLevel >= 2; }
+  std::size_t innerLevel() const {
+    return std::min(kMostInner - 1, static_cast<std::size_t>(std::max(2, look_.paragraph.tableLevel) - 2));
+  }
+  bool isTooDeep() const { return look_.paragraph.tableLevel > static_cast<int>(kMostInner) + 1; }
 
   void endCell(std::string_view word, const RtfState& state) {
     const bool inner = word == "nestcell";
@@ -282,12 +292,11 @@ class Reader : public RtfSink {
     }
     if (state.destination != Destination::Body)
       return endParagraph(state.flow);
-    if (!inner)
-      endInnerRow();
-    RtfTable& table = inner ? inner_ : table_;
+    endInnerRows(inner ? innerLevel() + 1 : 0);
+    RtfTable& table = inner ? inner_[innerLevel()] : table_;
     table.add(takeParagraph(state.flow));
     addAsides();
-    if (!inner || look_.paragraph.tableLevel <= kInnerLevel)
+    if (!inner || !isTooDeep())
       table.endCell();
   }
 
@@ -296,20 +305,25 @@ class Reader : public RtfSink {
       endMarginRow();
     else if (word == "row")
       endRow();
-    else if (state.destination == Destination::Body && look_.paragraph.tableLevel <= kInnerLevel)
-      endInnerRow();
+    else if (state.destination == Destination::Body && !isTooDeep())
+      endInnerRows(innerLevel());
   }
 
   void endRow() {
-    endInnerRow();
+    endInnerRows(0);
     if (table_.isOpen())
       document_.body.emplace_back(table_.endRow());
   }
 
-  void endInnerRow() {
-    if (inner_.isOpen())
-      for (Paragraph& paragraph : inner_.endInnerRow())
-        table_.add(std::move(paragraph));
+  // The rows that are open in the inner tables from that one on, the deepest first.
+  void endInnerRows(std::size_t from) {
+    for (std::size_t level = kMostInner; level-- > from;) {
+      if (!inner_[level].isOpen())
+        continue;
+      RtfTable& around = level > 0 ? inner_[level - 1] : table_;
+      for (Paragraph& paragraph : inner_[level].endInnerRow())
+        around.add(std::move(paragraph));
+    }
   }
 
   void endMarginRow() {
@@ -320,8 +334,12 @@ class Reader : public RtfSink {
       list->push_back(std::move(paragraph));
   }
 
+  bool isInnerOpen() const {
+    return std::any_of(inner_.begin(), inner_.end(), [](const RtfTable& table) { return table.isOpen(); });
+  }
+
   void breakPage(const RtfState& state) {
-    if (state.destination != Destination::Body || table_.isOpen() || inner_.isOpen())
+    if (state.destination != Destination::Body || table_.isOpen() || isInnerOpen())
       return;
     if (!current(state).runs.empty())
       endParagraph(state.flow);
@@ -370,10 +388,12 @@ class Reader : public RtfSink {
   }
 
   void addToBody(Paragraph paragraph) {
-    if (look_.paragraph.inTable && isInner())
-      return inner_.add(std::move(paragraph));
+    if (look_.paragraph.inTable && isInner()) {
+      endInnerRows(innerLevel() + 1);
+      return inner_[innerLevel()].add(std::move(paragraph));
+    }
     if (look_.paragraph.inTable) {
-      endInnerRow();
+      endInnerRows(0);
       return table_.add(std::move(paragraph));
     }
     endRow();
@@ -393,7 +413,7 @@ class Reader : public RtfSink {
   Document document_;
   RtfSections sections_;
   RtfTable table_;
-  RtfTable inner_;                                // inside a cell of it
+  std::vector<RtfTable> inner_;                   // inside a cell of it, each inside a cell of the one before
   RtfTable margin_;                               // in a header or footer
   Destination marginKind_ = Destination::Header;  // of that one
   RtfPicture picture_;

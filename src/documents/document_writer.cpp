@@ -35,11 +35,11 @@ constexpr std::array<PaperLength, 6> kPaperLengths = {{{"paperw", "pgwsxn", &Pag
 
 // How the rows of a table inside a header or a cell are written.
 struct InnerWords {
-  std::string_view place, cell, end;
+  std::string_view cell, end;
   bool shapeBehind = false;
 };
-constexpr InnerWords kTableInMargin{"\\intbl", "\\cell", "\\row\r\n", false};
-constexpr InnerWords kTableInCell{"\\intbl\\itap2", "\\nestcell", "\\nestrow}{\\nonesttables\\par}\r\n", true};
+constexpr InnerWords kTableInMargin{"\\cell", "\\row\r\n", false};
+constexpr InnerWords kTableInCell{"\\nestcell", "\\nestrow}{\\nonesttables\\par}\r\n", true};
 
 class Writer {
  public:
@@ -220,23 +220,40 @@ class Writer {
 
   // A row of a table inside a header or a cell, from its first paragraph; gives the first one behind it. Inside a cell
   // the shape of a row stands behind its text, where older word processors do not look.
-  std::size_t writeInnerRow(const std::vector<Paragraph>& paragraphs, std::size_t first, const InnerWords& words) {
-    const auto& row = paragraphs[first].row;
+  std::size_t writeInnerRow(const std::vector<Paragraph>& paragraphs, std::size_t first, const InnerWords& words,
+                            std::size_t depth = 0) {
+    const auto row = innerCell(paragraphs[first], depth).row;
     std::size_t end = first;
-    while (end < paragraphs.size() && paragraphs[end].row == row)
+    while (end < paragraphs.size() && innerCell(paragraphs[end], depth).row == row)
       ++end;
-    const TableRow* below = end < paragraphs.size() ? paragraphs[end].row.get() : nullptr;
+    const auto below = end < paragraphs.size() ? innerCell(paragraphs[end], depth).row : nullptr;
     if (!words.shapeBehind)
-      writeRowShape(*row, below);
-    for (std::size_t i = first; i < end; ++i)
-      writeParagraph(paragraphs[i], words.place,
-                     i + 1 == end || paragraphs[i + 1].cell != paragraphs[i].cell ? words.cell : "\\par");
+      writeRowShape(*row, below.get());
+    for (std::size_t i = first; i < end;) {
+      if (innerDepth(paragraphs[i]) > depth + 1)
+        i = writeInnerRow(paragraphs, i, kTableInCell, depth + 1);
+      else
+        writeInnerParagraph(paragraphs, i, words, depth), ++i;
+    }
     if (words.shapeBehind) {
       text_ += "{\\*\\nesttableprops";
-      writeRowShape(*row, below);
+      writeRowShape(*row, below.get());
     }
     text_ += words.end;
     return end;
+  }
+
+  // Rows that look the same are still two.
+  static bool sameCell(const Paragraph& a, const Paragraph& b, std::size_t depth) {
+    const OuterCell first = innerCell(a, depth), second = innerCell(b, depth);
+    return first.row == second.row && first.cell == second.cell;
+  }
+
+  void writeInnerParagraph(const std::vector<Paragraph>& paragraphs, std::size_t i, const InnerWords& words,
+                           std::size_t depth) {
+    const bool endsCell = i + 1 == paragraphs.size() || !sameCell(paragraphs[i], paragraphs[i + 1], depth);
+    const std::string place = words.shapeBehind ? "\\intbl\\itap" + std::to_string(depth + 2) : "\\intbl";
+    writeParagraph(paragraphs[i], place, endsCell ? words.cell : "\\par");
   }
 
   void writeCell(const Cell& cell) {

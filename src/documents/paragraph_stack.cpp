@@ -62,8 +62,9 @@ void addCell(Stack& stack, InnerCell& inner, double padding, double height) {
   for (PlacedBox box : inner.text.boxes) {
     box.top += down;
     box.bottom += down;
-    box.x = inner.left + padding;
-    box.width = inner.right - inner.left - 2 * padding;
+    box.x += inner.left + padding;
+    if (box.width < 0)
+      box.width = inner.right - inner.left - 2 * padding;
     stack.boxes.push_back(box);
   }
 }
@@ -74,9 +75,24 @@ void sortFrom(List& list, std::size_t first) {
                    [](const auto& a, const auto& b) { return a.top < b.top; });
 }
 
-std::vector<InnerCell> innerCells(std::span<const Paragraph> paragraphs, const LineArea& area,
+// Where the part of the list ends that stands in the same row as the first of it, and in the same cell if so wanted.
+std::size_t endOfRow(std::span<const Paragraph> paragraphs, std::size_t first, std::size_t depth, bool sameCell) {
+  const OuterCell begin = innerCell(paragraphs[first], depth);
+  std::size_t end = first + 1;
+  for (; end < paragraphs.size(); ++end) {
+    const OuterCell other = innerCell(paragraphs[end], depth);
+    if (other.row != begin.row || (sameCell && other.cell != begin.cell))
+      break;
+  }
+  return end;
+}
+
+void addParagraphs(Stack& stack, std::span<const Paragraph> paragraphs, std::size_t depth, const LineArea& area,
+                   const FontMeasure& fonts, double lowest);
+
+std::vector<InnerCell> innerCells(std::span<const Paragraph> paragraphs, std::size_t depth, const LineArea& area,
                                   const FontMeasure& fonts) {
-  const TableRow& row = *paragraphs.front().row;
+  const TableRow& row = *innerCell(paragraphs.front(), depth).row;
   const double shift = shiftOf(row, area.width);
   std::vector<InnerCell> cells;
   double left = row.left + shift;
@@ -84,30 +100,27 @@ std::vector<InnerCell> innerCells(std::span<const Paragraph> paragraphs, const L
     cells.push_back({&cell, left, cell.right + shift, {}});
     left = cell.right + shift;
   }
-  for (std::size_t i = 0; i < paragraphs.size(); ++i) {
-    InnerCell& inner = cells[std::min(paragraphs[i].cell, cells.size() - 1)];
+  for (std::size_t i = 0; i < paragraphs.size();) {
+    const std::size_t end = endOfRow(paragraphs, i, depth, true);
+    InnerCell& inner = cells[std::min(innerCell(paragraphs[i], depth).cell, cells.size() - 1)];
     LineArea room = area;
     room.width = std::max(kNarrowestCell, inner.right - inner.left - 2.0 * row.padding);
-    const auto styleAt = [&](std::size_t other) {
-      return other < paragraphs.size() && paragraphs[other].cell == paragraphs[i].cell ? &paragraphs[other].style
-                                                                                       : nullptr;
-    };
-    addToStack(inner.text, paragraphs[i], styleAt(i - 1), styleAt(i + 1), room, fonts);
+    addParagraphs(inner.text, paragraphs.subspan(i, end - i), depth + 1, room, fonts, kUnbounded);
+    i = end;
   }
   return cells;
 }
 
 // The row that begins with the paragraph; gives the first paragraph behind it.
-std::size_t addRowToStack(Stack& stack, const std::vector<Paragraph>& paragraphs, std::size_t first,
+std::size_t addRowToStack(Stack& stack, std::span<const Paragraph> paragraphs, std::size_t first, std::size_t depth,
                           const LineArea& area, const FontMeasure& fonts) {
-  const TableRow& row = *paragraphs[first].row;
-  std::size_t end = first;
-  while (end < paragraphs.size() && paragraphs[end].row == paragraphs[first].row)
-    ++end;
+  const auto shape = innerCell(paragraphs[first], depth).row;
+  const TableRow& row = *shape;
+  const std::size_t end = endOfRow(paragraphs, first, depth, false);
   if (row.cells.empty())
     return end;
-  const TableRow* below = end < paragraphs.size() ? paragraphs[end].row.get() : nullptr;
-  std::vector<InnerCell> cells = innerCells(std::span(paragraphs).subspan(first, end - first), area, fonts);
+  const auto below = end < paragraphs.size() ? innerCell(paragraphs[end], depth).row : nullptr;
+  std::vector<InnerCell> cells = innerCells(paragraphs.subspan(first, end - first), depth, area, fonts);
   double height = std::max(0, row.height);
   for (const InnerCell& inner : cells)
     height = std::max(height, inner.text.height);
@@ -116,7 +129,8 @@ std::size_t addRowToStack(Stack& stack, const std::vector<Paragraph>& paragraphs
   const std::size_t firstLine = stack.lines.size(), firstBox = stack.boxes.size();
   for (const InnerCell& inner : cells)
     stack.boxes.push_back({nullptr, stack.height, stack.height + height, !inner.cell->continuesAbove,
-                           !continuesBelow(*inner.cell, below), inner.left, inner.right - inner.left, inner.cell});
+                           !continuesBelow(*inner.cell, below.get()), inner.left, inner.right - inner.left,
+                           inner.cell});
   for (InnerCell& inner : cells)
     addCell(stack, inner, row.padding, height);
   sortFrom(stack.lines, firstLine);
@@ -125,17 +139,22 @@ std::size_t addRowToStack(Stack& stack, const std::vector<Paragraph>& paragraphs
   return end;
 }
 
+void addParagraphs(Stack& stack, std::span<const Paragraph> paragraphs, std::size_t depth, const LineArea& area,
+                   const FontMeasure& fonts, double lowest) {
+  const auto styleAt = [&](std::size_t i) { return i < paragraphs.size() ? &paragraphs[i].style : nullptr; };
+  for (std::size_t i = 0; i < paragraphs.size() && stack.height <= lowest;) {
+    if (innerDepth(paragraphs[i]) > depth)
+      i = addRowToStack(stack, paragraphs, i, depth, area, fonts);
+    else
+      addToStack(stack, paragraphs[i], styleAt(i - 1), styleAt(i + 1), area, fonts), ++i;
+  }
+}
+
 }  // namespace
 
 Stack stackOf(const std::vector<Paragraph>& paragraphs, const LineArea& area, const FontMeasure& fonts, double lowest) {
   Stack stack;
-  const auto styleAt = [&](std::size_t i) { return i < paragraphs.size() ? &paragraphs[i].style : nullptr; };
-  for (std::size_t i = 0; i < paragraphs.size() && stack.height <= lowest;) {
-    if (paragraphs[i].row)
-      i = addRowToStack(stack, paragraphs, i, area, fonts);
-    else
-      addToStack(stack, paragraphs[i], styleAt(i - 1), styleAt(i + 1), area, fonts), ++i;
-  }
+  addParagraphs(stack, paragraphs, 0, area, fonts, lowest);
   return stack;
 }
 

@@ -1,6 +1,7 @@
 #include "documents/rtf_table.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <utility>
 
@@ -10,6 +11,23 @@ namespace {
 
 constexpr int kFarthest = 31680;              // an edge beyond is a slip of a broken file
 constexpr std::size_t kUsualRowWidth = 9000;  // of a row whose shape the file does not tell
+
+using PlacedRows = std::map<const TableRow*, std::shared_ptr<const TableRow>>;
+
+// The row of a table that stands, however deep, in a cell of a row that is known only now.
+std::shared_ptr<const TableRow> placeRow(const std::shared_ptr<const TableRow>& row, const OuterCell& outer,
+                                         PlacedRows& placed) {
+  auto& result = placed[row.get()];
+  if (result)
+    return result;
+  auto copy = std::make_shared<TableRow>(*row);
+  if (copy->outer.row)
+    copy->outer.row = placeRow(copy->outer.row, outer, placed);
+  else
+    copy->outer = outer;
+  placed[row.get()] = copy;
+  return copy;
+}
 
 }  // namespace
 
@@ -143,10 +161,13 @@ TableRow RtfTable::endRow() {
 std::vector<Paragraph> RtfTable::endInnerRow() {
   const auto row = std::make_shared<TableRow>(endRow());
   std::vector<Paragraph> paragraphs;
+  PlacedRows placed;
   for (std::size_t cell = 0; cell < row->cells.size(); ++cell)
     for (Paragraph& paragraph : std::exchange(row->cells[cell].paragraphs, {})) {
-      paragraph.row = row;
-      paragraph.cell = cell;
+      if (paragraph.row)
+        paragraph.row = placeRow(paragraph.row, {row, cell}, placed);
+      else
+        paragraph.row = row, paragraph.cell = cell;
       paragraphs.push_back(std::move(paragraph));
     }
   return paragraphs;

@@ -67,6 +67,46 @@ TEST(InnerTable, OfACellStandsInColumns) {
   EXPECT_EQ(page.rules.size(), 2u) << "above the first cell of each row";
 }
 
+// A table of one row in a cell of another, so many times; the outermost is a table of the letter.
+std::string deeper(int level, int deepest) {
+  const std::string number = std::to_string(level);
+  const std::string place = "\\pard\\intbl\\itap" + number + " ";
+  std::string letter = place + "a" + number + "\\par ";
+  if (level < deepest)
+    letter += deeper(level + 1, deepest);
+  letter += place + "b" + number + (level > 1 ? "\\nestcell " : "\\cell ") + place + "c" + number;
+  if (level > 1)
+    return letter + "\\nestcell{\\*\\nesttableprops\\trowd\\trleft200\\cellx" + std::to_string(8000 - level * 700) +
+           "\\cellx" + std::to_string(8900 - level * 700) + "\\nestrow}{\\nonesttables\\par}";
+  return "\\trowd\\trleft0\\cellx8000\\cellx9000" + letter + "\\cell\\row\\pard end\\par";
+}
+
+TEST(InnerTable, StandsInATableThatStandsInATable) {
+  for (const int deepest : {3, 5, 9}) {
+    const std::string letter = deeper(1, deepest);
+    const Page page = pages(letter).pages.at(0);
+    for (int level = 1; level <= deepest; ++level) {
+      const std::string number = std::to_string(level);
+      const long left = 200 * (level - 1), line = 200 * (level - 1);
+      EXPECT_EQ(placeOf(page, "a" + number), std::pair(left, 160 + line)) << level << " of " << deepest;
+      EXPECT_EQ(placeOf(page, "b" + number), std::pair(left, 160 + 200L * (2 * deepest - level))) << number;
+      const long right = left - (level > 1 ? 200 : 0) + 8000 - (level > 1 ? level * 700 : 0);
+      EXPECT_EQ(placeOf(page, "c" + number), std::pair(right, 160 + line)) << level << " of " << deepest;
+    }
+    EXPECT_EQ(placeOf(page, "end"), std::pair(0L, 160 + 400L * deepest)) << "nothing stands over another";
+    const Document document = readDocument("{\\rtf1 " + letter + "}");
+    EXPECT_TRUE(readDocument(writeDocument(document)) == document) << writeDocument(document);
+  }
+}
+
+// What lies deeper than any letter's tables is text of the last one; none of it is lost.
+TEST(InnerTable, OfABrokenFileKeepsItsText) {
+  const std::string text = plainText(readDocument("{\\rtf1 " + deeper(1, 40) + "}"));
+  for (int level = 1; level <= 40; ++level)
+    for (const char* letter : {"a", "b", "c"})
+      EXPECT_NE(text.find(letter + std::to_string(level)), std::string::npos) << letter << level;
+}
+
 TEST(InnerTable, GoesOnOverThePages) {
   const PagedDocument paged = pages(nested(150));
   ASSERT_EQ(paged.pages.size(), 3u);
