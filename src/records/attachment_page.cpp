@@ -20,7 +20,7 @@ AttachmentPage::AttachmentPage(Screen& screen, Desk& desk, std::string_view code
       files_(desk.session.dataFolder, code),
       documents_(documents) {
   IDoc.chosen = true;
-  ListView2.columns = {{" File ", 26}, {" Caption ", 30}};
+  ListView2.columns = {{" File ", 24}, {" Caption ", 26}};
   txtCaption.maxLength = 200;
   txtCaption.tip = "What it shows";
   prevfile.tip = "Previous file of this record";
